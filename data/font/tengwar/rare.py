@@ -1,0 +1,78 @@
+"""Rare letters, alternative shapes and ligatures."""
+
+from __future__ import annotations
+
+from .geometry import curve, line
+from .letters import BEARING, DOUBLE, SINGLE, hwesta_sindarinwa, osse, primary, romen
+from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
+from .parts import BOW, INNER_BOW, bows, closed_bow, flick, foot_stroke, mirrored, moved, open_bow, stem, stem_lean, turned
+from .sign import Letter, Place, Strokes
+
+WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
+
+
+def big_six() -> Strokes:
+    return (curve((486, RAISED - 20, 172), (210, 520, -118), (92, 215, -90), (290, BASE, 0), (494, 210, 90), (310, 372, 180), (112, 250, -128)),)
+
+
+def epsilon() -> Strokes:
+    return (
+        curve((500, 610, 130), (340, 680, 180), (128, 524, -90), (330, 370, 0)),
+        curve((330, 370, 180), (92, 190, -90), (310, BASE, 0), (516, 128, 60)),
+    )
+
+
+def tall_turned_lambe(top: float) -> Strokes:
+    height = top - BASE
+    return (
+        curve((92, top - 0.2 * height, 75), (262, top, 0), (440, top - 0.27 * height, -92), (74, BASE + 6, -138)),
+        curve((74, BASE + 4, 10), (300, BASE - 2, 0), (486, BASE + 16, 26)),
+    )
+
+
+def phi(closed: bool) -> Strokes:
+    stem_strokes = stem(RAISED, HANGING) + flick(stem_lean(RAISED), RAISED)
+    return moved(stem_strokes + open_bow(BOW) + turned(bows(1, closed), 0, MIDDLE), 490)
+
+
+def silme_over_aha() -> Strokes:
+    x = DOUBLE - BEARING
+    sweep = curve((x - 690, 250, 92), (x - 520, 500, 50), (x - 300, 570, 0), (x, 556, -8))
+    outer = turned(moved(closed_bow(BOW), INNER_BOW), 0, MIDDLE)
+    bowl = curve((x - 520, TOP - 66, 120), (x - 590, TOP - 40, 180), (x - 700, 210, -90), (x - 500, BASE, 0), (x - 330, 200, 60))
+    inner = turned(open_bow(INNER_BOW), 0, MIDDLE)
+    return moved(stem(RAISED, BASE) + flick(stem_lean(RAISED), RAISED) + inner, x) + (sweep, bowl)
+
+
+def table() -> dict[str, Letter]:
+    malta, double = primary(1, TOP, BASE, 2)
+    malta_hook = curve((770, 150, -88), (820, -60, -75), (740, -170, 180), (680, -130, 115))
+    et = (
+        curve((70, TOP - 40, 55), (140, TOP - 4, 5), (330, TOP - 8, 0), (420, TOP, 10)),
+        curve((412, TOP, -108), (330, 140, -106), (250, -150, -118), (110, -260, 180), (60, -220, 110)),
+    )
+    harp_foot = curve((150, 40, -100), (140, -120, -94), (196, -240, 0), (290, -190, 60))
+    cedilla = curve((300, BASE, -80), (330, -100, -85), (262, -176, 180), (206, -146, 120))
+    long_bar = curve((150, TOP - 2, 10), (300, TOP - 6, 0), (470, TOP + 8, 14))
+    turned_romen = turned(romen(), 280, MIDDLE - 0)
+    return {
+        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM),
+        "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW),
+        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM),
+        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM),
+        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, room=(270, -235)),
+        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM),
+        "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE),
+        "—": Letter("and", et, 520),
+        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE),
+        "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM),
+        "§": Letter("ahatinco", phi(False), 980, STEM, STEM),
+        "³": Letter("turnedlambe.tall", tall_turned_lambe(RAISED), 540),
+        "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
+        "¿": Letter("turnedromen", turned_romen, 560),
+        "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, NARROW, NARROW),
+        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE),
+    }
+
+
+RARE = {key.encode("cp1252")[0]: letter for key, letter in table().items()}

@@ -1,0 +1,235 @@
+"""The marks: tehtar above and below, bars and tildes, what stands inside lambe, and the hooks.
+
+Each tehta is drawn once about x = 0 and set in the places that its codes have.
+"""
+
+from __future__ import annotations
+
+from .geometry import Stroke, curve, line
+from .metrics import BASE, TOP
+from .parts import mirrored, moved, turned
+from .sign import Mark, Place, Sign, Strokes
+
+WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
+
+# From the right edge of a letter back to the axis of the mark.
+ABOVE = {WIDE: 450, MEDIUM: 300, STEM: 250, NARROW: 140}
+BELOW = {WIDE: 430, MEDIUM: 300, STEM: 250, NARROW: 140}
+# From the right edge of a lambe to the middle of its bowl.
+INSIDE = 350
+
+# Heights of the pen's middle: the band of the marks above, the tops of those below, and the bars.
+ABOVE_FOOT, ABOVE_TOP = 665, 795
+BELOW_TOP = -235
+BAR_ABOVE, BAR_BELOW = 562, -124
+BAR_HIGH, BAR_FAR = 882, -502
+# Bars near the letter pass beside long stems on either side; those beyond the stems may be longer.
+BAR_LENGTH = {WIDE: 500, MEDIUM: 198}
+LONG_BAR_LENGTH = {WIDE: 600, MEDIUM: 290}
+
+
+def dot(x: float, y: float) -> Stroke:
+    """A short pull of the pen across its edge: a lozenge about (x, y)."""
+    return line((x - 14, y + 21), (x + 14, y - 21))
+
+
+def dots(*places: tuple[float, float]) -> Strokes:
+    return tuple(dot(x, y) for x, y in places)
+
+
+def acute() -> Strokes:
+    return (curve((64, ABOVE_TOP + 8, -132), (4, 728, -126), (-56, ABOVE_FOOT - 16, -140)),)
+
+
+def double_acute() -> Strokes:
+    return moved(acute(), -52) + moved(acute(), 52)
+
+
+def right_curl() -> Strokes:
+    return (curve((-44, ABOVE_FOOT - 14, 118), (-58, 738, 75), (14, ABOVE_TOP + 6, 0), (70, 752, -95), (48, 716, -130)),)
+
+
+def left_curl() -> Strokes:
+    return mirrored(right_curl(), 0)
+
+
+def doubled(strokes: Strokes) -> Strokes:
+    return moved(strokes, -78) + moved(strokes, 78)
+
+
+def back_curl() -> Strokes:
+    return turned(right_curl(), 0, (ABOVE_FOOT + ABOVE_TOP) / 2)
+
+
+def caron() -> Strokes:
+    return (line((-72, 772), (0, 672), (72, 788)),)
+
+
+def circumflex() -> Strokes:
+    return (line((-72, 672), (0, 786), (72, 672)),)
+
+
+def w_sign() -> Strokes:
+    return (curve((-116, 700, 60), (-66, 752, -5), (0, 732, -14), (78, 742, 20), (112, 726, -70), (92, 664, -120)),)
+
+
+ABOVE_CENTRE = (ABOVE_FOOT + ABOVE_TOP) / 2
+TEHTAR_ABOVE = {
+    "threedots": dots((-60, ABOVE_FOOT), (60, ABOVE_FOOT), (0, ABOVE_TOP - 15)),
+    "threedotsinverted": dots((-60, ABOVE_TOP - 15), (60, ABOVE_TOP - 15), (0, ABOVE_FOOT)),
+    "dot": dots((0, ABOVE_CENTRE - 20)),
+    "twodots": dots((-58, ABOVE_CENTRE - 20), (58, ABOVE_CENTRE - 20)),
+    "acute": acute(),
+    "rightcurl": right_curl(),
+    "leftcurl": left_curl(),
+    "backcurl": back_curl(),
+    "caron": caron(),
+    "circumflex": circumflex(),
+    "wsign": w_sign(),
+}
+
+
+def lowered(strokes: Strokes) -> Strokes:
+    """A tehta that is drawn for above, below the letter."""
+    return moved(strokes, 0, BELOW_TOP - ABOVE_TOP)
+
+
+def ring() -> Strokes:
+    left = curve((0, BELOW_TOP, 180), (-42, BELOW_TOP - 48, -90), (0, BELOW_TOP - 96, 0))
+    return (left, mirrored((left,), 0)[0])
+
+
+TEHTAR_BELOW = {
+    "dot": dots((0, BELOW_TOP - 14)),
+    "twodots": dots((-58, BELOW_TOP - 14), (58, BELOW_TOP - 14)),
+    "threedots": dots((-60, BELOW_TOP - 115), (60, BELOW_TOP - 115), (0, BELOW_TOP)),
+    "acute": lowered(acute()),
+    "doubleacute": lowered(double_acute()),
+    "rightcurl": lowered(right_curl()),
+    "leftcurl": lowered(left_curl()),
+    "ring": ring(),
+    "stroke": (curve((0, BELOW_TOP + 6, -90), (-4, BELOW_TOP - 120, -94)),),
+}
+
+# First codes of the four places (wide, medium, stem, narrow), in this order.
+CODES_ABOVE = {
+    "threedots": "#EDC",
+    "acute": "$RFV",
+    "dot": "%TGB",
+    "leftcurl": "&UJM",
+    "rightcurl": "^YHN",
+    "threedotsinverted": "ª\u00ad¯µ",
+    "twodots": "ÔÕÖ×",
+    "caron": "ØÙÚÛ",
+    "circumflex": "ÜÝÞß",
+    "backcurl": "àáâã",
+    "wsign": "èéêë",
+}
+CODES_BELOW = {
+    "dot": "ÈÉÊË",
+    "twodots": "ÌÍÎÏ",
+    "threedots": "ÐÑÒÓ",
+    "acute": "‰Š‹Ÿ",
+    "doubleacute": "ƒ„…†",
+    "leftcurl": "‘’“”",
+    "rightcurl": "äåæç",
+    "ring": "˜™¨©",
+    "stroke": "üýþÿ",
+}
+# Codes that repeat a mark, with the code of the one repeated.
+DUPLICATES = {"(": "È", "O": "É", ">": "Ó", "€": "\u00ad"}
+
+
+def bar(length: float, y: float, x: float = 0.0) -> Strokes:
+    half = length / 2
+    return (line((x - half, y), (x + half, y)),)
+
+
+def tilde(length: float, y: float, x: float = 0.0) -> Strokes:
+    half = length / 2
+    return (
+        curve((x - half, y - 16, 50), (x - half / 2, y + 16, 0), (x + half / 2, y - 16, 0), (x + half, y + 16, 50)),
+    )
+
+
+# Codes of bars and tildes: straight wide, straight single, curly wide, curly single.
+BARS = (
+    ("above", "{[Pp", BAR_ABOVE, BAR_LENGTH),
+    ("below", "\"':;", BAR_BELOW, BAR_LENGTH),
+    ("high", "ìî)0", BAR_HIGH, LONG_BAR_LENGTH),
+    ("far", "íï?/", BAR_FAR, LONG_BAR_LENGTH),
+)
+
+
+def code_of(character: str) -> int:
+    return character.encode("cp1252")[0]
+
+
+def placed_tehtar() -> dict[int, Mark]:
+    marks = {}
+    for where, codes, shapes, offsets in (
+        ("above", CODES_ABOVE, TEHTAR_ABOVE, ABOVE),
+        ("below", CODES_BELOW, TEHTAR_BELOW, BELOW),
+    ):
+        top = BELOW_TOP if where == "below" else None
+        for name, keys in codes.items():
+            for key, place in zip(keys, Place):
+                x = -offsets[place]
+                strokes = moved(shapes[name], x)
+                marks[code_of(key)] = Mark(f"{name}{where}.{place.value}", strokes, 0, x, top)
+    for copy, original in DUPLICATES.items():
+        twin = marks[code_of(original)]
+        marks[code_of(copy)] = Mark(twin.name + ".copy", twin.strokes, 0, twin.middle, twin.top)
+    return marks
+
+
+def bars() -> dict[int, Mark]:
+    marks = {}
+    for where, keys, height, length in BARS:
+        shapes = ((bar, WIDE), (bar, MEDIUM), (tilde, WIDE), (tilde, MEDIUM))
+        for key, (shape, place) in zip(keys, shapes):
+            # Under doubled bows as over them: the bar is too long for any other place than the middle.
+            x = -ABOVE[place]
+            size = "wide" if place is WIDE else "single"
+            strokes = shape(length[place], height, x)
+            marks[code_of(key)] = Mark(f"{shape.__name__}{where}.{size}", strokes, 0, x)
+    return marks
+
+
+def inside_lambe() -> dict[int, Mark]:
+    y = 90
+    table = {
+        "L": ("dot", dots((0, y))),
+        "´": ("twodots", dots((-58, y), (58, y))),
+        "¸": ("bar", bar(180, y)),
+        "°": ("tilde", tilde(190, y)),
+        "‚": ("doubleacute", moved(double_acute(), 0, y - ABOVE_CENTRE)),
+    }
+    return {
+        code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, y + 50)
+        for key, (name, strokes) in table.items()
+    }
+
+
+def hooks() -> dict[int, Sign]:
+    """The s-hooks. Left-hand ones hang under a bow; right-hand ones prolong one and have an advance."""
+    left = (curve((0, BASE, -150), (-62, -52, -118), (-34, -132, -10), (36, -92, 55)),)
+    start = (-270, BASE, 0)
+    tables = {
+        "|": Mark("hookleft", moved(left, -300), 0, -300),
+        "}": Mark("hookleft.narrow", moved(left, -140), 0, -140),
+        "+": Sign("hookright", (curve(start, (-60, BASE, -4), (62, -80, -95), (-20, -176, 180), (-78, -140, 110)),), 120),
+        "_": Sign("hookright.lambe", (curve((-120, -150, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
+        "¡": Sign("hookright.lifted", (curve((-60, 215, 0), (40, 190, -20), (92, 60, -92), (10, -40, 180), (-40, -10, 110)),), 150),
+        "¢": Sign("hookright.raised", (curve((-120, TOP, 0), (20, TOP - 20, -20), (88, TOP - 140, -95), (10, TOP - 235, 180), (-44, TOP - 200, 110)),), 150),
+        "£": Sign("hookright.looped", (curve(start, (-70, BASE, 0), (150, 150, 50), (216, 250, 90), (168, 262, -135), (60, 0, -108), (-110, -190, -160)),), 250),
+        "¥": Sign("hookright.lambelooped", (curve((-120, -150, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
+        "Å": Sign("hookright.upward", (curve(start, (-60, BASE, -2), (70, 60, 55), (96, 150, 88)),), 150),
+        "Æ": Sign("hookright.raisedupward", (curve((-120, TOP, 0), (0, TOP - 6, 5), (82, TOP + 70, 62), (96, TOP + 130, 85)),), 150),
+        "Ç": Sign("hookright.downward", (curve(start, (-60, BASE, -4), (70, -80, -88), (66, -190, -95), (124, -216, 40)),), 160),
+    }  # fmt: skip
+    return {code_of(key): sign for key, sign in tables.items()}
+
+
+MARKS = placed_tehtar() | bars() | inside_lambe()
+HOOKS = hooks()
