@@ -11,7 +11,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QStringConverter>
 #include <QStringDecoder>
 
 #include <functional>
@@ -58,16 +57,16 @@ void sign(QPainter &painter, double x, double y, int pixels, const QString &text
 /// A letter that marks with this character can be shown on, or nothing for what stands alone.
 QString supportOf(QChar mark)
 {
-    const std::array<QLatin1Char, 4> samples{QLatin1Char('5'), QLatin1Char('6'), QLatin1Char('3'), QLatin1Char('`')};
-    const std::array<QLatin1Char, 4> lowSamples{QLatin1Char('5'), QLatin1Char('6'), QLatin1Char('1'), QLatin1Char('`')};
+    constexpr std::array samples{u'5', u'6', u'3', u'`'};
+    constexpr std::array lowSamples{u'5', u'6', u'1', u'`'};
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
         for (size_t place = 0; place < samples.size(); ++place)
             if (mark == QChar(tehta.codes[place]))
-                return samples[place];
+                return QChar(samples[place]);
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
         for (size_t place = 0; place < samples.size(); ++place)
             if (mark == QChar(tehta.codes[place]))
-                return lowSamples[place];
+                return QChar(lowSamples[place]);
     for (const MarkPlaces::Bar &bar : MarkPlaces::bars) {
         if (mark == QChar(bar.wide))
             return QStringLiteral("5");
