@@ -7,7 +7,6 @@ The same sources give the same bytes.
 
 from __future__ import annotations
 
-import math
 import os
 import sys
 from pathlib import Path
@@ -39,6 +38,16 @@ SCRIPTS = (("DFLT", ("dflt",)), ("latn", ("dflt",)))
 ABOVE, BELOW, ROOM = "above", "below", "room"
 
 
+def nib_contour(curves):
+    contour = fontforge.contour()
+    start = curves[-1][2]
+    contour.moveTo(start.real, start.imag)
+    for points in curves:
+        contour.cubicTo(*((p.real, p.imag) for p in points))
+    contour.closed = True
+    return contour
+
+
 def draw(glyph, sign: Sign, style: Style) -> None:
     pen = glyph.glyphPen()
     for stroke in sign.strokes:
@@ -48,8 +57,7 @@ def draw(glyph, sign: Sign, style: Style) -> None:
             pen.curveTo(*((p.real, p.imag) for p in (leaving, arriving, end)))
         pen.endPath()
     pen = None  # closes the drawing
-    nib = style.pen
-    glyph.stroke("calligraphic", nib.width, nib.thickness, math.radians(nib.angle))
+    glyph.stroke("convex", nib_contour(style.pen.nib(sign.pen)))
     glyph.removeOverlap()
     glyph.simplify(0.6, ("setstarttoextremum", "removesingletonpoints"))
     glyph.addExtrema("only_good_rm")

@@ -119,7 +119,7 @@ void drawGrid(QPainter &painter, const QString &title, QStringView letters, cons
     for (const QChar letter : letters) {
         double x = margin;
         for (const auto &mark : columns) {
-            sign(painter, x, y, 28, letter + mark(letter));
+            sign(painter, x, y, 42, letter + mark(letter));
             x += cell;
         }
         y += rowHeight;

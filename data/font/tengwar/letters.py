@@ -70,79 +70,83 @@ def primaries() -> dict[int, Letter]:
 
 
 def romen() -> Strokes:
-    return flick(116, TOP, 56) + (
-        curve((116, TOP, -86), (160, 200, -72), (272, 66, -30)),
-        curve((318, 330, 120), (396, TOP, 0), (462, 318, -95), (330, 80, -128), (150, -250, -112), (128, -372, -75)),
-        curve((128, -372, -75), (168, -400, 10)),
+    return flick(112, TOP, 58) + (
+        curve((112, TOP, -88), (160, 190, -72), (268, 84, -30)),
+        curve((300, 318, 112), (386, TOP, 0), (460, 306, -97), (322, 66, -130), (166, -220, -112), (148, -350, -86), (212, -394, 16)),
     )
 
 
 def silme(neck: float = RAISED) -> Strokes:
     return (
         curve(
-            (534, neck - 10, 150),
-            (395, neck - 105, -142),
-            (150, 360, -112),
-            (100, 205, -90),
-            (296, BASE, 0),
-            (484, 170, 90),
-            (352, 305, 180),
-            (272, 248, -110),
+            (520, neck - 62, 100),
+            (472, neck - 6, -170),
+            (272, 600, -122),
+            (98, 216, -91),
+            (300, BASE, 0),
+            (494, 186, 90),
+            (352, 334, 180),
+            (262, 262, -102),
         ),
     )
 
 
 def esse(neck: float = RAISED) -> Strokes:
     return (
-        curve((530, neck - 10, 150), (400, neck - 100, -142), (170, 430, -120), (128, 325, -90), (290, 206, -8)),
-        curve(
-            (290, 206, 190),
-            (92, 14, -90),
-            (290, -165, 0),
-            (486, -18, 90),
-            (366, 104, 180),
-            (290, 50, -110),
-        ),
+        curve((516, neck - 62, 100), (468, neck - 6, -170), (270, 610, -124), (122, 322, -88), (300, 206, -4)),
+        curve((300, 206, 184), (88, 18, -90), (290, -165, 0), (490, -20, 90), (362, 112, 180), (278, 50, -105)),
     )
 
 
-def lambda_shape(top: float, left: float, right: float, foot: float) -> Strokes:
-    """hyarmen and yanta: a long stroke to the lower right and a leg from its middle."""
-    fork = left + 0.47 * (right - left), BASE + 0.52 * (min(top, 560) - BASE)
+def esse_nuquerna() -> Strokes:
+    """Two bowls like a 3, the lower one running out into a tail to the left."""
+    return (
+        curve((304, 232, 160), (220, 214, -150), (106, 312, 80), (292, TOP, 0), (496, 268, -90), (310, 92, 183)),
+        curve((310, 92, 3), (472, -32, -92), (330, -272, -131), (146, -392, 170), (84, -300, 100)),
+    )
+
+
+def lambda_shape(top: float, bend: float, right: float, foot: float) -> Strokes:
+    """hyarmen and yanta: a long stroke to the lower right and a leg from its middle.
+
+    bend is the direction in which the long stroke sets out.
+    """
+    left = 112
+    fork = 0.52 * (left + right) - 14, 300 if top == RAISED else 226
     return flick(left, top) + (
-        curve((left, top, -82), (*fork, -62), (right, BASE, -38)),
-        curve((fork[0] - 6, fork[1] + 6, -128), (foot, BASE, -136)),
+        curve((left, top, bend), fork, (right, BASE + 6, -42), (right + 32, BASE + 10, 35)),
+        curve((fork[0] - 10, fork[1] - 8, -130), (foot, BASE - 4, -135)),
     )
 
 
 def round_o(x: float, width: float) -> Strokes:
     half = width / 2
-    left = curve((x + 20, TOP - 4, 165), (x - half, MIDDLE - 6, -90), (x, BASE, 0))
-    return (left, curve((x, BASE, 0), (x + half, MIDDLE + 6, 90), (x, TOP, 180)))
+    left = curve((x + 16, TOP, 180), (x - half, MIDDLE - 8, -90), (x - 10, BASE, 0))
+    return (left, curve((x - 16, BASE, 0), (x + half, MIDDLE + 8, 90), (x + 10, TOP, 180)))
 
 
 def osse() -> Strokes:
-    return (curve((452, 330, 118), (296, TOP, 180), (92, MIDDLE - 6, -90), (300, BASE, 0), (474, 112, 52)),)
+    return (curve((440, 346, 122), (296, TOP, 180), (90, MIDDLE - 6, -90), (290, BASE, 0), (470, 100, 40)),)
 
 
 def lambe() -> Strokes:
     return (
-        curve((58, TOP - 34, 40), (150, TOP - 6, 5), (400, TOP - 8, 0), (660, TOP + 4, 12)),
-        curve((330, TOP - 8, -162), (96, 100, -90), (360, -232, 0), (612, -100, 78), (562, -22, 140)),
+        curve((52, TOP - 40, 40), (130, TOP - 4, 8), (380, TOP - 4, 0), (652, TOP + 8, 14)),
+        curve((340, TOP - 4, -164), (94, 92, -90), (362, -238, 0), (614, -96, 84), (560, -22, 145)),
     )
 
 
 def alda() -> Strokes:
     return (
-        curve((58, TOP - 34, 40), (150, TOP - 6, 5), (400, TOP - 8, 0), (640, TOP + 4, 12)),
+        curve((52, TOP - 40, 40), (130, TOP - 4, 8), (360, TOP - 4, 0), (622, TOP + 8, 14)),
         curve(
-            (300, TOP - 8, -165),
-            (148, 292, -90),
-            (320, 178, -10),
-            (556, -30, -90),
-            (340, -232, 180),
-            (112, -120, 95),
-            (156, -48, 45),
+            (316, TOP - 4, -166),
+            (152, 292, -90),
+            (330, 172, -8),
+            (566, -34, -90),
+            (340, -238, 180),
+            (98, -112, 96),
+            (152, -36, 35),
         ),
     )
 
@@ -154,7 +158,6 @@ def hwesta_sindarinwa(foot_from: float, foot_to: float) -> Strokes:
 
 
 def others() -> dict[int, Letter]:
-    short_esse = turned(esse(600), 300, 122)
     table = {
         "7": Letter("romen", romen(), 560, MEDIUM, NARROW),
         "u": Letter("arda", romen() + (curve((62, 72, -25), (150, 40, 0), (282, 62, 20)),), 560, MEDIUM, NARROW),
@@ -163,10 +166,10 @@ def others() -> dict[int, Letter]:
         "8": Letter("silme", silme(), 600, WIDE, MEDIUM),
         "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 600, MEDIUM, NARROW),
         "k": Letter("esse", esse(), 600, WIDE, MEDIUM, room=(290, -235)),
-        ",": Letter("essenuquerna", short_esse, 600, MEDIUM, MEDIUM, room=(440, -205)),
-        "9": Letter("hyarmen", lambda_shape(RAISED, 112, 520, 78), 600, NARROW, MEDIUM),
+        ",": Letter("essenuquerna", esse_nuquerna(), 600, MEDIUM, MEDIUM, room=(440, -205)),
+        "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 600, NARROW, MEDIUM),
         "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM),
-        "l": Letter("yanta", lambda_shape(TOP, 112, 476, 84), 560),
+        "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 550),
         ".": Letter("ure", round_o(280, 384), 560),
         "]": Letter("osse", osse(), 540),
         "`": Letter("telco", moved(flick(0, TOP) + stem(TOP, BASE), 150), 290, NARROW, NARROW),

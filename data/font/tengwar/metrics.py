@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import cmath
 import math
 from dataclasses import dataclass
 
@@ -16,21 +17,47 @@ DESCENT = 600
 
 @dataclass(frozen=True)
 class Pen:
-    """A broad nib: a rectangle held at a steady angle (degrees from the horizontal)."""
+    """A broad nib: an oblong with rounded corners held at a steady angle (degrees)."""
 
     width: float
     thickness: float
     angle: float
 
+    # How square the nib is: the length of the handles of its four curves, 0.55 for an ellipse and
+    # 1 for a rectangle. Rounded corners keep the inner edges of bends free of kinks.
+    SQUARENESS = 0.76
+
+    def nib(self, size: float = 1.0) -> list[tuple[complex, complex, complex]]:
+        """The outline as four curves, clockwise: two control points and an end each."""
+        half_width, half_thickness = self.width * size / 2, self.thickness * size / 2
+        turn = cmath.rect(1, math.radians(self.angle))
+        corners = []
+        for x, y in ((1, -1), (-1, -1), (-1, 1), (1, 1)):
+            ends = [complex(x * half_width, 0), complex(0, y * half_thickness)]
+            if x * y > 0:
+                ends.reverse()
+            corner = complex(x * half_width, y * half_thickness)
+            controls = [end + (corner - end) * self.SQUARENESS for end in ends]
+            corners.append(tuple(turn * point for point in (*controls, ends[1])))
+        return corners
+
     @property
     def rise(self) -> float:
         """How far the ink reaches above and below the middle of the pen."""
-        angle = math.radians(self.angle)
-        return (self.width * math.sin(angle) + self.thickness * math.cos(angle)) / 2
+        steps = [i / 32 for i in range(33)]
+        start = self.nib()[-1][2]
+        highest = 0.0
+        for leaving, arriving, end in self.nib():
+            for t in steps:
+                u = 1 - t
+                point = u**3 * start + 3 * u * u * t * leaving + 3 * u * t * t * arriving + t**3 * end
+                highest = max(highest, point.imag)
+            start = end
+        return highest
 
 
-REGULAR_PEN = Pen(width=80, thickness=20, angle=35)
-BOLD_PEN = Pen(width=122, thickness=30, angle=35)
+REGULAR_PEN = Pen(width=84, thickness=25, angle=35)
+BOLD_PEN = Pen(width=126, thickness=36, angle=35)
 
 # Where the middle of the regular pen runs; all skeletons are given for that pen.
 TOP = X_HEIGHT - REGULAR_PEN.rise

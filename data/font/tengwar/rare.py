@@ -71,6 +71,7 @@ def table() -> dict[str, Letter]:
         "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
         "¿": Letter("turnedromen", turned_romen, 560),
         "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, NARROW, NARROW),
+        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM),
         "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE),
     }
 

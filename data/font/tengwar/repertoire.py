@@ -57,6 +57,6 @@ def floating_marks() -> dict[int, Floating]:
     for where, table, shapes in (("above", private_use.MARKS_ABOVE, above), ("below", private_use.MARKS_BELOW, below)):
         for private, name in table.items():
             strokes = moved(shapes[name], FLOATING_MIDDLE)
-            sign = Mark(f"{name}{where}.floating", strokes, 0, FLOATING_MIDDLE, tehtar.BELOW_TOP)
+            sign = Mark(f"{name}{where}.floating", strokes, 0, FLOATING_MIDDLE, tehtar.BELOW_TOP, pen=tehtar.pen_of(name))
             marks[private] = Floating(sign, where == "below")
     return marks

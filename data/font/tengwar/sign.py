@@ -21,11 +21,15 @@ class Place(enum.Enum):
 
 @dataclass(frozen=True)
 class Sign:
-    """Strokes of the pen on an advance that begins at x = 0."""
+    """Strokes of the pen on an advance that begins at x = 0.
+
+    pen is the size of the pen as a part of that of the letters.
+    """
 
     name: str
     strokes: Strokes
     advance: float
+    pen: float = field(default=1.0, kw_only=True)
 
 
 @dataclass(frozen=True)

@@ -5,6 +5,8 @@ Each tehta is drawn once about x = 0 and set in the places that its codes have.
 
 from __future__ import annotations
 
+from dataclasses import replace
+
 from .geometry import Stroke, curve, line
 from .metrics import BASE, TOP
 from .parts import mirrored, moved, turned
@@ -28,9 +30,18 @@ BAR_LENGTH = {WIDE: 500, MEDIUM: 198}
 LONG_BAR_LENGTH = {WIDE: 600, MEDIUM: 290}
 
 
+# Dots, bars and strokes are written with the pen of the letters, what bends with a smaller one.
+FINE = 0.72
+FINE_SHAPES = {"rightcurl", "leftcurl", "backcurl", "caron", "circumflex", "wsign", "ring", "doublerightcurl", "doubleleftcurl"}
+
+
+def pen_of(name: str) -> float:
+    return FINE if name in FINE_SHAPES else 1.0
+
+
 def dot(x: float, y: float) -> Stroke:
     """A short pull of the pen across its edge: a lozenge about (x, y)."""
-    return line((x - 14, y + 21), (x + 14, y - 21))
+    return line((x - 17, y + 25), (x + 17, y - 25))
 
 
 def dots(*places: tuple[float, float]) -> Strokes:
@@ -38,15 +49,23 @@ def dots(*places: tuple[float, float]) -> Strokes:
 
 
 def acute() -> Strokes:
-    return (curve((64, ABOVE_TOP + 8, -132), (4, 728, -126), (-56, ABOVE_FOOT - 16, -140)),)
+    return (curve((66, ABOVE_TOP + 18, -128), (6, 734, -124), (-56, ABOVE_FOOT - 14, -138)),)
 
 
 def double_acute() -> Strokes:
-    return moved(acute(), -52) + moved(acute(), 52)
+    return moved(acute(), -56) + moved(acute(), 56)
 
 
 def right_curl() -> Strokes:
-    return (curve((-44, ABOVE_FOOT - 14, 118), (-58, 738, 75), (14, ABOVE_TOP + 6, 0), (70, 752, -95), (48, 716, -130)),)
+    return (
+        curve(
+            (-34, ABOVE_FOOT - 22, 128),
+            (-74, 744, 84),
+            (10, ABOVE_TOP + 30, 0),
+            (88, 762, -95),
+            (34, 704, 170),
+        ),
+    )
 
 
 def left_curl() -> Strokes:
@@ -54,7 +73,7 @@ def left_curl() -> Strokes:
 
 
 def doubled(strokes: Strokes) -> Strokes:
-    return moved(strokes, -78) + moved(strokes, 78)
+    return moved(strokes, -88) + moved(strokes, 88)
 
 
 def back_curl() -> Strokes:
@@ -62,15 +81,15 @@ def back_curl() -> Strokes:
 
 
 def caron() -> Strokes:
-    return (line((-72, 772), (0, 672), (72, 788)),)
+    return (curve((-84, 800, -55), (0, 662, -62)), curve((0, 662, 58), (84, 806, 50)))
 
 
 def circumflex() -> Strokes:
-    return (line((-72, 672), (0, 786), (72, 672)),)
+    return (curve((-84, 664, 50), (0, 802, 55)), curve((0, 802, -58), (84, 664, -50)))
 
 
 def w_sign() -> Strokes:
-    return (curve((-116, 700, 60), (-66, 752, -5), (0, 732, -14), (78, 742, 20), (112, 726, -70), (92, 664, -120)),)
+    return (curve((-124, 706, 70), (-74, 768, 0), (10, 738, -12), (96, 746, 15), (128, 728, -80), (104, 652, -120)),)
 
 
 ABOVE_CENTRE = (ABOVE_FOOT + ABOVE_TOP) / 2
@@ -95,8 +114,8 @@ def lowered(strokes: Strokes) -> Strokes:
 
 
 def ring() -> Strokes:
-    left = curve((0, BELOW_TOP, 180), (-42, BELOW_TOP - 48, -90), (0, BELOW_TOP - 96, 0))
-    return (left, mirrored((left,), 0)[0])
+    left = curve((0, BELOW_TOP + 8, 180), (-58, BELOW_TOP - 54, -90), (0, BELOW_TOP - 116, 0))
+    return (left, left.turned(0, BELOW_TOP - 54))
 
 
 TEHTAR_BELOW = {
@@ -176,10 +195,10 @@ def placed_tehtar() -> dict[int, Mark]:
             for key, place in zip(keys, Place):
                 x = -offsets[place]
                 strokes = moved(shapes[name], x)
-                marks[code_of(key)] = Mark(f"{name}{where}.{place.value}", strokes, 0, x, top)
+                marks[code_of(key)] = Mark(f"{name}{where}.{place.value}", strokes, 0, x, top, pen=pen_of(name))
     for copy, original in DUPLICATES.items():
         twin = marks[code_of(original)]
-        marks[code_of(copy)] = Mark(twin.name + ".copy", twin.strokes, 0, twin.middle, twin.top)
+        marks[code_of(copy)] = replace(twin, name=twin.name + ".copy")
     return marks
 
 
