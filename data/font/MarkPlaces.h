@@ -17,16 +17,16 @@ struct Place
 
 inline constexpr std::array<Place, 4> above{{
     {u"wide", u"2wsx4rfv5tgb@WSX8ko*K<\u0161\u2013\u00f2\u00f3\u00f6\u00f9"},
-    {u"medium", u"1qazdc6yhnAZ7ujmiI,l.]\u2021\u2014\u00b3\u00be\u00bf\u00c4\u00f0\u00f1\u00f5\u00f7\u00fa\u00fb"},
+    {u"medium", u"1qazdc6yhnAZ7ujmiI,l.]\u2021\u00ae\u00b3\u00bc\u00be\u00bf\u00c4\u00f0\u00f1\u00f5\u00f7\u00fa\u00fb"},
     {u"stem", u"3e!Q\u00a6\u00a7\u2022\u00f4\u00f8"},
-    {u"narrow", u"`~\u00bd9\u00bc"},
+    {u"narrow", u"`~\u00bd9"},
 }};
 
 inline constexpr std::array<Place, 4> below{{
     {u"wide", u"2wsx4rfv5tgb@WSXazAZ\u0161\u2013\u00c4\u00f2\u00f3\u00f5\u00f6\u00f9"},
-    {u"medium", u"3edc6yhn8k*K<,9ol.]\u2021\u2014\u00b3\u00be\u00bfjm\u00f0\u00f1\u00f4\u00f7\u00f8\u00fa\u00fb"},
+    {u"medium", u"3edc6yhn8k*K<,9ol.]\u2021\u00ae\u00b3\u00bc\u00be\u00bfjm\u00f0\u00f1\u00f4\u00f7\u00f8\u00fa\u00fb"},
     {u"stem", u"1q!Q\u00a6\u00a7\u2022"},
-    {u"narrow", u"`~\u00bd7uiI\u00bc"},
+    {u"narrow", u"`~\u00bd7uiI"},
 }};
 
 /// A mark with its codes for the four places, in the order of the tables above.
@@ -86,7 +86,19 @@ inline constexpr std::u16string_view insideLambe = u"L\u00b4\u00b8\u00b0\u201a";
 inline constexpr std::u16string_view lambeAndAlda = u"jm";
 /// Letters with doubled bows, which take the wide bars.
 inline constexpr std::u16string_view doubled = u"2wsx4rfv5tgb@WSX\u0161\u2013\u00f2\u00f3\u00f6\u00f9";
-/// Letters whose bows open to the left, which take the left-hand hook.
-inline constexpr std::u16string_view leftHooked = u"azsxdcfvgbhnAZSX8o]";
+/// Letters with the s-hook that fits their bows.
+struct Hook
+{
+    std::u16string_view letters;
+    char16_t code;
+};
+
+inline constexpr std::array<Hook, 5> hooks{{
+    {u"azsxdcfvgbhnAZSX8o]", u'|'},
+    {u"123456!@", u'+'},
+    {u"qwertyQW", u'\u00a1'},
+    {u"jm", u'_'},
+    {u"`", u'}'},
+}};
 
 } // namespace MarkPlaces

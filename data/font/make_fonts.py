@@ -23,19 +23,19 @@ from tengwar.metrics import STYLES, Style  # noqa: E402
 from tengwar.repertoire import (  # noqa: E402
     LETTERS_AND_DIGITS,
     SIGNS,
+    anchor,
     floating_marks,
     private_codes,
     unicode_of,
 )
-from tengwar.sign import Mark, Sign  # noqa: E402
+from tengwar.sign import Band, Mark, Sign  # noqa: E402
 
 FAMILY = "Tengwar Quillon"
 COPYRIGHT = "Copyright (c) 2026 The Quillon developers"
 LICENCE = "MIT License: free to use, change and pass on, with this notice."
 SCRIPTS = (("DFLT", ("dflt",)), ("latn", ("dflt",)))
-# Anchor classes. The first two serve the marks of the private-use arrangement on all letters, the
-# third those of the eight-bit table on letters that need their marks below elsewhere than usual.
-ABOVE, BELOW, ROOM = "above", "below", "room"
+# Anchor classes: of the eight-bit table's marks, and of those of the private-use arrangement.
+PLACED, FLOATING = "placed ", "floating "
 
 
 def nib_contour(curves):
@@ -57,12 +57,13 @@ def draw(glyph, sign: Sign, style: Style) -> None:
             pen.curveTo(*((p.real, p.imag) for p in (leaving, arriving, end)))
         pen.endPath()
     pen = None  # closes the drawing
-    glyph.stroke("convex", nib_contour(style.pen.nib(sign.pen)))
-    glyph.removeOverlap()
-    glyph.simplify(0.6, ("setstarttoextremum", "removesingletonpoints"))
-    glyph.addExtrema("only_good_rm")
+    glyph.stroke("convex", nib_contour(style.pen.nib(sign.pen)), removeoverlap="contour")
+    # On whole units no edges lie all but on each other, which is what a union may stumble over.
     glyph.round()
     glyph.removeOverlap()
+    glyph.simplify(0.8, ("setstarttoextremum", "removesingletonpoints"))
+    glyph.addExtrema("only_good_rm")
+    glyph.round()
     glyph.canonicalContours()
     glyph.canonicalStart()
     glyph.correctDirection()
@@ -83,29 +84,30 @@ def add_sign(font, style: Style, character: int, sign: Sign, others=()) -> None:
 
 
 def add_anchors(font, style: Style) -> None:
-    def point(x: float, y: float) -> tuple[float, float]:
-        place = style.skeleton(complex(x, y))
-        return round(place.real), round(place.imag)
+    """Anchors of all letters for the floating marks; for those of the eight-bit table, which have
+    their place by themselves, only of letters that are in the way of it."""
+
+    def attach(sign: Sign, anchor_class: str, kind: str, point: tuple[float, float]) -> None:
+        place = style.skeleton(complex(*point))
+        font[glyph_name(sign)].addAnchorPoint(anchor_class, kind, round(place.real), round(place.imag))
+
+    def attach_marks(marks, prefix: str) -> None:
+        for mark in marks:
+            if isinstance(mark, Mark) and mark.band:
+                attach(mark, prefix + mark.band.value, "mark", (mark.middle, tehtar.BAND_HEIGHTS[mark.band]))
 
     font.addLookup("marks", "gpos_mark2base", (), (("mark", SCRIPTS),))
-    for name in (ABOVE, BELOW, ROOM):
-        font.addLookupSubtable("marks", "marks " + name)
-        font.addAnchorClass("marks " + name, name)
+    for prefix in (PLACED, FLOATING):
+        for band in Band:
+            font.addLookupSubtable("marks", f"marks {prefix}{band.value}")
+            font.addAnchorClass(f"marks {prefix}{band.value}", prefix + band.value)
     for letter in LETTERS_AND_DIGITS.values():
-        glyph = font[glyph_name(letter)]
-        above = letter.advance - tehtar.ABOVE[letter.above], tehtar.ABOVE_FOOT
-        below = letter.room or (letter.advance - tehtar.BELOW[letter.below], tehtar.BELOW_TOP)
-        glyph.addAnchorPoint(ABOVE, "base", *point(*above))
-        glyph.addAnchorPoint(BELOW, "base", *point(*below))
-        if letter.room:
-            glyph.addAnchorPoint(ROOM, "base", *point(*letter.room))
-    for sign in SIGNS.values():
-        if isinstance(sign, Mark) and sign.top is not None:
-            font[glyph_name(sign)].addAnchorPoint(ROOM, "mark", *point(sign.middle, sign.top))
-    for mark in floating_marks().values():
-        height = mark.sign.top if mark.below else tehtar.ABOVE_FOOT
-        anchor = BELOW if mark.below else ABOVE
-        font[glyph_name(mark.sign)].addAnchorPoint(anchor, "mark", *point(mark.sign.middle, height))
+        for band in Band:
+            attach(letter, FLOATING + band.value, "base", anchor(letter, band))
+            if band in letter.exceptions:
+                attach(letter, PLACED + band.value, "base", anchor(letter, band))
+    attach_marks(SIGNS.values(), PLACED)
+    attach_marks(floating_marks().values(), FLOATING)
 
 
 def add_kerning(font, style: Style) -> None:
@@ -189,7 +191,7 @@ def make_font(style: Style, version: str):
     for code, sign in sorted(SIGNS.items()):
         add_sign(font, style, unicode_of(code), sign, private.get(code, ()))
     for character, mark in floating_marks().items():
-        add_sign(font, style, character, mark.sign)
+        add_sign(font, style, character, mark)
     add_anchors(font, style)
     add_kerning(font, style)
     set_hints(font)

@@ -160,7 +160,10 @@ Columns columnsBelow()
                 return QString(QChar(QStringView(MarkPlaces::doubled).contains(letter) ? bar.wide : bar.single));
             });
     columns.push_back([](QChar letter) {
-        return QStringView(MarkPlaces::leftHooked).contains(letter) ? QStringLiteral("|") : QStringLiteral("+");
+        for (const auto &[letters, hook] : MarkPlaces::hooks)
+            if (QStringView(letters).contains(letter))
+                return QString(QChar(hook));
+        return QString();
     });
     for (const char16_t inside : MarkPlaces::insideLambe)
         columns.push_back([inside](QChar letter) {
@@ -205,7 +208,7 @@ using Page = std::function<void(QPainter &)>;
 std::vector<Page> pages()
 {
     const QString letters = QStringLiteral("1qaz2wsx3edc4rfv5tgb6yhn!QAZ@WSX7ujm8ik,9ol.]`~\u00bd");
-    const QString others = QStringLiteral("*IK<\u2021\u2022\u2013\u2014\u0161\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
+    const QString others = QStringLiteral("*IK<\u2021\u2022\u2013\u0161\u00ae\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
                                           "\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
     const auto grid = [](const QString &title, const QString &rows, Columns (*columns)()) {
         return [=](QPainter &painter) { drawGrid(painter, title, rows, columns()); };

@@ -6,9 +6,10 @@ from .geometry import curve, line
 from .letters import esse, silme
 from .metrics import BASE, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, closed_bow, flick, foot_stroke, mirrored, moved, stem, stem_lean
-from .sign import Letter, Place, Strokes
+from .sign import Band, Letter, Place, Strokes
 
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
+ABOVE, BELOW, BAR_ABOVE, BAR_BELOW = Band.ABOVE, Band.BELOW, Band.BAR_ABOVE, Band.BAR_BELOW
 
 # From one bow under a cross stroke to the next.
 STEP = 310
@@ -65,19 +66,20 @@ def ten(strokes: Strokes) -> Strokes:
 
 def table() -> tuple[Letter, ...]:
     zero = (curve((88, 330, 62), (244, TOP, 0), (448, MIDDLE, -90), (240, BASE, 180), (66, 112, 128)),)
+    under_neck = {ABOVE: (480,), BAR_ABOVE: (130,)}
     return (
         Letter("zero", zero, 540, MEDIUM, MEDIUM),
         Letter("one", bows_hanging(1), 500, MEDIUM, MEDIUM),
         Letter("two", bows_hanging(2), 810, WIDE, WIDE),
         Letter("three", bows_hanging(3), 1120, WIDE, WIDE),
-        Letter("four", stem_with_bows(0), 480, STEM, MEDIUM, room=(230, -380)),
-        Letter("five", stem_with_bows(1), 620, MEDIUM, WIDE, room=(450, -235)),
+        Letter("four", stem_with_bows(0), 480, STEM, MEDIUM, {ABOVE: (310,), BELOW: (230, -385), BAR_ABOVE: (330,), BAR_BELOW: (330,)}),
+        Letter("five", stem_with_bows(1), 620, MEDIUM, WIDE, {BELOW: (460,), BAR_ABOVE: (352,), BAR_BELOW: (352,)}),
         Letter("six", stem_with_bows(2), 930, WIDE, WIDE),
-        Letter("seven", moved(hooked_stem(-1), 330), 450, MEDIUM, MEDIUM, room=(224, -380)),
+        Letter("seven", moved(hooked_stem(-1), 330), 450, MEDIUM, MEDIUM, {BELOW: (224, -385), BAR_ABOVE: (132,), BAR_BELOW: (132,)}),
         Letter("eight", moved(hook_with_bows(1), 210), 700, STEM, MEDIUM),
         Letter("nine", moved(hook_with_bows(2), 210), 1020, WIDE, WIDE),
-        Letter("ten", ten(silme()), 600, MEDIUM, MEDIUM),
-        Letter("eleven", ten(esse()), 600, MEDIUM, MEDIUM, room=(310, -235)),
+        Letter("ten", ten(silme()), 600, MEDIUM, MEDIUM, under_neck),
+        Letter("eleven", ten(esse()), 600, MEDIUM, MEDIUM, under_neck | {BELOW: (310, -285), BAR_BELOW: (310, -250)}),
     )
 
 

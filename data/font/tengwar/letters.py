@@ -5,7 +5,7 @@ from __future__ import annotations
 from .geometry import curve, line
 from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, bows, flick, mirrored, moved, open_bow, closed_bow, stem, stem_lean, turned
-from .sign import Letter, Place, Strokes
+from .sign import Band, Letter, Place, Strokes
 
 SINGLE = 600
 DOUBLE = 900
@@ -13,6 +13,8 @@ DOUBLE = 900
 BEARING = 108
 
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
+ABOVE, BELOW, INSIDE = Band.ABOVE, Band.BELOW, Band.INSIDE
+BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR = Band.BAR_ABOVE, Band.BAR_BELOW, Band.BAR_HIGH, Band.BAR_FAR
 
 # Keys of the four series (tinco, parma, calma, quesse), top and foot of the stem, count of bows.
 ROWS = (
@@ -102,7 +104,7 @@ def esse_nuquerna() -> Strokes:
     """Two bowls like a 3, the lower one running out into a tail to the left."""
     return (
         curve((304, 232, 160), (220, 214, -150), (106, 312, 80), (292, TOP, 0), (496, 268, -90), (310, 92, 183)),
-        curve((310, 92, 3), (472, -32, -92), (330, -272, -131), (146, -392, 170), (84, -300, 100)),
+        curve((310, 92, 3), (448, -24, -94), (250, -296, -134), (120, -388, 172), (62, -306, 100)),
     )
 
 
@@ -157,24 +159,37 @@ def hwesta_sindarinwa(foot_from: float, foot_to: float) -> Strokes:
     return flick(430 + stem_lean(RAISED), RAISED) + moved(stem(RAISED, BASE), 430) + (bowl, foot)
 
 
+def carrier(name: str, top: float, foot: float, exceptions: dict[Band, tuple[float, ...]]) -> Letter:
+    """A bare stem. Bars, which have no narrow form, stand over and under its middle."""
+    bars = {band: (150.0,) for band in (BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR)}
+    strokes = moved(flick(stem_lean(top), top) + stem(top, foot), 150)
+    return Letter(name, strokes, 290, NARROW, NARROW, bars | exceptions)
+
+
 def others() -> dict[int, Letter]:
+    arda_nib = curve((62, 72, -25), (150, 40, 0), (282, 62, 20))
+    beside_tail = {BAR_BELOW: (400,)}
+    in_bowl = {BELOW: (350, 140), BAR_BELOW: (350, 90)}
+    in_lower_bowl = {BELOW: (330, 22), BAR_BELOW: (330, -32), INSIDE: (330, -32)}
+    under_neck = {BAR_ABOVE: (470,)}
     table = {
-        "7": Letter("romen", romen(), 560, MEDIUM, NARROW),
-        "u": Letter("arda", romen() + (curve((62, 72, -25), (150, 40, 0), (282, 62, 20)),), 560, MEDIUM, NARROW),
-        "j": Letter("lambe", lambe(), 700, MEDIUM, MEDIUM, room=(350, 140)),
-        "m": Letter("alda", alda(), 700, MEDIUM, MEDIUM, room=(330, 40)),
-        "8": Letter("silme", silme(), 600, WIDE, MEDIUM),
-        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 600, MEDIUM, NARROW),
-        "k": Letter("esse", esse(), 600, WIDE, MEDIUM, room=(290, -235)),
-        ",": Letter("essenuquerna", esse_nuquerna(), 600, MEDIUM, MEDIUM, room=(440, -205)),
-        "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 600, NARROW, MEDIUM),
-        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM),
+        "7": Letter("romen", romen(), 560, MEDIUM, NARROW, beside_tail),
+        "u": Letter("arda", romen() + (arda_nib,), 560, MEDIUM, NARROW, beside_tail),
+        "j": Letter("lambe", lambe(), 700, MEDIUM, MEDIUM, in_bowl),
+        "m": Letter("alda", alda(), 700, MEDIUM, MEDIUM, in_lower_bowl),
+        "8": Letter("silme", silme(), 600, WIDE, MEDIUM, under_neck),
+        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
+        "k": Letter("esse", esse(), 600, WIDE, MEDIUM, under_neck | {BELOW: (290, -285), BAR_BELOW: (290, -250)}),
+        ",": Letter("essenuquerna", esse_nuquerna(), 600, MEDIUM, MEDIUM, {BELOW: (500,), BAR_BELOW: (190,)}),
+        "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 600, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
+        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, {BAR_ABOVE: (236,)}),
         "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 550),
         ".": Letter("ure", round_o(280, 384), 560),
         "]": Letter("osse", osse(), 540),
-        "`": Letter("telco", moved(flick(0, TOP) + stem(TOP, BASE), 150), 290, NARROW, NARROW),
-        "~": Letter("ara", moved(flick(0, TOP) + stem(TOP, HANGING), 150), 290, NARROW, NARROW, room=(250, -205)),
-        "½": Letter("halla", moved(flick(0, RAISED) + stem(RAISED, BASE), 146), 290, NARROW, NARROW),
+        "`": carrier("telco", TOP, BASE, {}),
+        "~": carrier("ara", TOP, HANGING, {BELOW: (310,), BAR_BELOW: (345,)}),
+        # Over a stem that reaches the height of the marks itself, they stand beside it.
+        "½": carrier("halla", RAISED, BASE, {ABOVE: (310,), BAR_ABOVE: (345,)}),
     }
     return {key.encode("cp1252")[0]: letter for key, letter in table.items()}
 

@@ -8,6 +8,8 @@ number bases.
 
 from __future__ import annotations
 
+from .sign import Band
+
 # The first 39 letters in a row: the primary letters by degree, then the additional ones.
 LETTERS = "1qaz2wsx3edc4rfv5tgb6yhn7ujm8ik,9ol.½`~"
 # The extended stems, from U+E028.
@@ -23,23 +25,21 @@ CODES = (
     | PUNCTUATION
 )
 
-# Marks stand once each; they find their place by anchors. Given is the name of the shape.
-MARKS_ABOVE = {
-    0xE040: "threedots",
-    0xE042: "twodots",
-    0xE044: "dot",
-    0xE046: "acute",
-    0xE047: "doubleacute",
-    0xE048: "rightcurl",
-    0xE049: "doublerightcurl",
-    0xE04A: "leftcurl",
-    0xE04B: "doubleleftcurl",
-    0xE04C: "bar",
-    0xE04F: "caron",
-}
-MARKS_BELOW = {
-    0xE041: "threedots",
-    0xE043: "twodots",
-    0xE045: "dot",
-    0xE04D: "bar",
+# Marks stand once each; they find their place by anchors. Given are band and name of the shape.
+MARKS = {
+    0xE040: (Band.ABOVE, "threedots"),
+    0xE041: (Band.BELOW, "threedots"),
+    0xE042: (Band.ABOVE, "twodots"),
+    0xE043: (Band.BELOW, "twodots"),
+    0xE044: (Band.ABOVE, "dot"),
+    0xE045: (Band.BELOW, "dot"),
+    0xE046: (Band.ABOVE, "acute"),
+    0xE047: (Band.ABOVE, "doubleacute"),
+    0xE048: (Band.ABOVE, "rightcurl"),
+    0xE049: (Band.ABOVE, "doublerightcurl"),
+    0xE04A: (Band.ABOVE, "leftcurl"),
+    0xE04B: (Band.ABOVE, "doubleleftcurl"),
+    0xE04C: (Band.BAR_ABOVE, "bar"),
+    0xE04D: (Band.BAR_BELOW, "bar"),
+    0xE04F: (Band.ABOVE, "caron"),
 }

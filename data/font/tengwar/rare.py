@@ -6,9 +6,10 @@ from .geometry import curve, line
 from .letters import BEARING, DOUBLE, SINGLE, hwesta_sindarinwa, osse, primary, romen
 from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, bows, closed_bow, flick, foot_stroke, mirrored, moved, open_bow, stem, stem_lean, turned
-from .sign import Letter, Place, Strokes
+from .sign import Band, Letter, Place, Sign, Strokes
 
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
+ABOVE, BELOW, BAR_ABOVE, BAR_BELOW = Band.ABOVE, Band.BELOW, Band.BAR_ABOVE, Band.BAR_BELOW
 
 
 def big_six() -> Strokes:
@@ -17,8 +18,8 @@ def big_six() -> Strokes:
 
 def epsilon() -> Strokes:
     return (
-        curve((500, 610, 130), (340, 680, 180), (128, 524, -90), (330, 370, 0)),
-        curve((330, 370, 180), (92, 190, -90), (310, BASE, 0), (516, 128, 60)),
+        curve((476, 404, 128), (322, 470, 180), (122, 354, -90), (324, 226, 2)),
+        curve((324, 226, 182), (88, 50, -90), (310, -108, 0), (510, -6, 62)),
     )
 
 
@@ -44,7 +45,7 @@ def silme_over_aha() -> Strokes:
     return moved(stem(RAISED, BASE) + flick(stem_lean(RAISED), RAISED) + inner, x) + (sweep, bowl)
 
 
-def table() -> dict[str, Letter]:
+def table() -> dict[str, Sign]:
     malta, double = primary(1, TOP, BASE, 2)
     malta_hook = curve((770, 150, -88), (820, -60, -75), (740, -170, 180), (680, -130, 115))
     et = (
@@ -56,22 +57,22 @@ def table() -> dict[str, Letter]:
     long_bar = curve((150, TOP - 2, 10), (300, TOP - 6, 0), (470, TOP + 8, 14))
     turned_romen = turned(romen(), 280, MIDDLE - 0)
     return {
-        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM),
-        "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW),
-        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM),
-        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM),
-        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, room=(270, -235)),
-        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM),
-        "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE),
-        "—": Letter("and", et, 520),
-        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE),
-        "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM),
-        "§": Letter("ahatinco", phi(False), 980, STEM, STEM),
-        "³": Letter("turnedlambe.tall", tall_turned_lambe(RAISED), 540),
+        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, {BAR_ABOVE: (470,)}),
+        "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
+        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, {BAR_BELOW: (300, -200)}),
+        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, {BAR_ABOVE: (236,)}),
+        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, {BELOW: (270, -290), BAR_BELOW: (270, -260)}),
+        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM, {BELOW: (430,), BAR_BELOW: (420,)}),
+        "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (450, 882)}),
+        "—": Sign("and", et, 520),
+        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (370,)}),
+        "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
+        "§": Letter("ahatinco", phi(False), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
+        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 160), 540, exceptions={BAR_ABOVE: (270, 882)}),
         "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
-        "¿": Letter("turnedromen", turned_romen, 560),
-        "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, NARROW, NARROW),
-        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM),
+        "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (170,), BAR_ABOVE: (170,)}),
+        "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, MEDIUM, MEDIUM, {BAR_BELOW: (290,), BELOW: (150,)}),
+        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (480,), BAR_ABOVE: (130,)}),
         "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE),
     }
 

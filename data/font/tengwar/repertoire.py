@@ -2,31 +2,21 @@
 
 from __future__ import annotations
 
-from dataclasses import dataclass
-
 from . import private_use, tehtar
 from .digits import DIGITS
 from .letters import LETTERS
 from .parts import moved
 from .punctuation import PUNCTUATION
 from .rare import RARE
-from .sign import Letter, Mark, Place, Sign
+from .sign import Band, Letter, Mark, Place, Sign
 
 # What carries marks.
-LETTERS_AND_DIGITS: dict[int, Letter] = LETTERS | RARE | DIGITS
+LETTERS_AND_DIGITS = LETTERS | DIGITS | {code: sign for code, sign in RARE.items() if isinstance(sign, Letter)}
 # Every code of the eight-bit table that has a sign.
-SIGNS: dict[int, Sign] = LETTERS_AND_DIGITS | tehtar.MARKS | tehtar.HOOKS | PUNCTUATION
+SIGNS: dict[int, Sign] = LETTERS | DIGITS | RARE | tehtar.MARKS | tehtar.HOOKS | PUNCTUATION
 
 # The axis of the marks that find their place by anchors, where nothing tells them another.
 FLOATING_MIDDLE = -tehtar.ABOVE[Place.MEDIUM]
-
-
-@dataclass(frozen=True)
-class Floating:
-    """A mark that stands over or under its letter wherever the letter's anchor is."""
-
-    sign: Mark
-    below: bool
 
 
 def unicode_of(code: int) -> int:
@@ -45,18 +35,36 @@ def private_codes() -> dict[int, list[int]]:
     return result
 
 
-def floating_marks() -> dict[int, Floating]:
-    above = tehtar.TEHTAR_ABOVE | {
-        "doubleacute": tehtar.double_acute(),
-        "doublerightcurl": tehtar.doubled(tehtar.right_curl()),
-        "doubleleftcurl": tehtar.doubled(tehtar.left_curl()),
-        "bar": tehtar.bar(tehtar.BAR_LENGTH[Place.MEDIUM], tehtar.BAR_ABOVE),
+def floating_marks() -> dict[int, Mark]:
+    """The marks of the private-use arrangement, which stand wherever a letter has their anchor."""
+    shapes = {
+        Band.ABOVE: tehtar.TEHTAR_ABOVE
+        | {
+            "doubleacute": tehtar.double_acute(),
+            "doublerightcurl": tehtar.doubled(tehtar.right_curl()),
+            "doubleleftcurl": tehtar.doubled(tehtar.left_curl()),
+        },
+        Band.BELOW: tehtar.TEHTAR_BELOW,
     }
-    below = tehtar.TEHTAR_BELOW | {"bar": tehtar.bar(tehtar.BAR_LENGTH[Place.MEDIUM], tehtar.BAR_BELOW)}
+    for band in (Band.BAR_ABOVE, Band.BAR_BELOW):
+        shapes[band] = {"bar": tehtar.bar(tehtar.BAR_LENGTH[Place.MEDIUM], tehtar.BAND_HEIGHTS[band])}
     marks = {}
-    for where, table, shapes in (("above", private_use.MARKS_ABOVE, above), ("below", private_use.MARKS_BELOW, below)):
-        for private, name in table.items():
-            strokes = moved(shapes[name], FLOATING_MIDDLE)
-            sign = Mark(f"{name}{where}.floating", strokes, 0, FLOATING_MIDDLE, tehtar.BELOW_TOP, pen=tehtar.pen_of(name))
-            marks[private] = Floating(sign, where == "below")
+    for private, (band, name) in private_use.MARKS.items():
+        strokes = moved(shapes[band][name], FLOATING_MIDDLE)
+        title = f"{name}{band.value.replace(' ', '')}.floating"
+        marks[private] = Mark(title, strokes, 0, FLOATING_MIDDLE, band, pen=tehtar.pen_of(name))
     return marks
+
+
+def anchor(letter: Letter, band: Band) -> tuple[float, float]:
+    """Where the middle of the marks of a band stands on a letter."""
+    if band is Band.BELOW:
+        usual = tehtar.BELOW[letter.below]
+    elif band is Band.ABOVE:
+        usual = tehtar.ABOVE[letter.above]
+    elif band is Band.INSIDE:
+        usual = tehtar.INSIDE
+    else:
+        usual = tehtar.ABOVE[Place.WIDE if letter.above is letter.below is Place.WIDE else Place.MEDIUM]
+    x, *y = letter.exceptions.get(band, (letter.advance - usual,))
+    return x, *(y or [tehtar.BAND_HEIGHTS[band]])

@@ -32,26 +32,37 @@ class Sign:
     pen: float = field(default=1.0, kw_only=True)
 
 
+class Band(enum.Enum):
+    """The heights at which marks stand."""
+
+    ABOVE = "above"
+    BELOW = "below"
+    BAR_ABOVE = "bar above"
+    BAR_BELOW = "bar below"
+    BAR_HIGH = "bar high"
+    BAR_FAR = "bar far"
+    INSIDE = "inside"
+
+
 @dataclass(frozen=True)
 class Letter(Sign):
     """A letter or digit, with the places of its marks.
 
-    room is where the top of the marks below comes to stand (its middle and height) on letters whose
-    own shape is in the way of the usual place.
+    exceptions says where the middle of the marks of a band comes to stand, if the shape of the
+    letter is in the way of the usual place: x, and y where the height changes as well.
     """
 
     above: Place = Place.MEDIUM
     below: Place = Place.MEDIUM
-    room: tuple[float, float] | None = None
+    exceptions: dict[Band, tuple[float, ...]] = field(default_factory=dict)
 
 
 @dataclass(frozen=True)
 class Mark(Sign):
-    """A mark without advance, drawn back over the letter before it.
+    """A mark without advance, drawn back over the letter before it; middle is the x of its axis.
 
-    middle is the x of its axis (negative), top the height that takes the place of Letter.room, for
-    marks below; hooks belong to the bow and move with nothing.
+    Hooks have no band: they prolong a bow and move with nothing.
     """
 
     middle: float = 0.0
-    top: float | None = None
+    band: Band | None = None

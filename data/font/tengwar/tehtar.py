@@ -10,7 +10,7 @@ from dataclasses import replace
 from .geometry import Stroke, curve, line
 from .metrics import BASE, TOP
 from .parts import mirrored, moved, turned
-from .sign import Mark, Place, Sign, Strokes
+from .sign import Band, Mark, Place, Sign, Strokes
 
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
 
@@ -23,8 +23,15 @@ INSIDE = 350
 # Heights of the pen's middle: the band of the marks above, the tops of those below, and the bars.
 ABOVE_FOOT, ABOVE_TOP = 665, 795
 BELOW_TOP = -235
-BAR_ABOVE, BAR_BELOW = 562, -124
-BAR_HIGH, BAR_FAR = 882, -502
+BAND_HEIGHTS = {
+    Band.ABOVE: 730,
+    Band.BELOW: BELOW_TOP,
+    Band.BAR_ABOVE: 562,
+    Band.BAR_BELOW: -124,
+    Band.BAR_HIGH: 882,
+    Band.BAR_FAR: -502,
+    Band.INSIDE: 90,
+}
 # Bars near the letter pass beside long stems on either side; those beyond the stems may be longer.
 BAR_LENGTH = {WIDE: 500, MEDIUM: 198}
 LONG_BAR_LENGTH = {WIDE: 600, MEDIUM: 290}
@@ -77,7 +84,7 @@ def doubled(strokes: Strokes) -> Strokes:
 
 
 def back_curl() -> Strokes:
-    return turned(right_curl(), 0, (ABOVE_FOOT + ABOVE_TOP) / 2)
+    return (curve((64, ABOVE_TOP + 30, 160), (-58, 762, -97), (8, ABOVE_FOOT - 8, -8), (72, 712, 62)),)
 
 
 def caron() -> Strokes:
@@ -92,7 +99,7 @@ def w_sign() -> Strokes:
     return (curve((-124, 706, 70), (-74, 768, 0), (10, 738, -12), (96, 746, 15), (128, 728, -80), (104, 652, -120)),)
 
 
-ABOVE_CENTRE = (ABOVE_FOOT + ABOVE_TOP) / 2
+ABOVE_CENTRE = BAND_HEIGHTS[Band.ABOVE]
 TEHTAR_ABOVE = {
     "threedots": dots((-60, ABOVE_FOOT), (60, ABOVE_FOOT), (0, ABOVE_TOP - 15)),
     "threedotsinverted": dots((-60, ABOVE_TOP - 15), (60, ABOVE_TOP - 15), (0, ABOVE_FOOT)),
@@ -173,10 +180,10 @@ def tilde(length: float, y: float, x: float = 0.0) -> Strokes:
 
 # Codes of bars and tildes: straight wide, straight single, curly wide, curly single.
 BARS = (
-    ("above", "{[Pp", BAR_ABOVE, BAR_LENGTH),
-    ("below", "\"':;", BAR_BELOW, BAR_LENGTH),
-    ("high", "ìî)0", BAR_HIGH, LONG_BAR_LENGTH),
-    ("far", "íï?/", BAR_FAR, LONG_BAR_LENGTH),
+    (Band.BAR_ABOVE, "{[Pp", BAR_LENGTH),
+    (Band.BAR_BELOW, "\"':;", BAR_LENGTH),
+    (Band.BAR_HIGH, "ìî)0", LONG_BAR_LENGTH),
+    (Band.BAR_FAR, "íï?/", LONG_BAR_LENGTH),
 )
 
 
@@ -186,16 +193,15 @@ def code_of(character: str) -> int:
 
 def placed_tehtar() -> dict[int, Mark]:
     marks = {}
-    for where, codes, shapes, offsets in (
-        ("above", CODES_ABOVE, TEHTAR_ABOVE, ABOVE),
-        ("below", CODES_BELOW, TEHTAR_BELOW, BELOW),
+    for band, codes, shapes, offsets in (
+        (Band.ABOVE, CODES_ABOVE, TEHTAR_ABOVE, ABOVE),
+        (Band.BELOW, CODES_BELOW, TEHTAR_BELOW, BELOW),
     ):
-        top = BELOW_TOP if where == "below" else None
         for name, keys in codes.items():
             for key, place in zip(keys, Place):
                 x = -offsets[place]
-                strokes = moved(shapes[name], x)
-                marks[code_of(key)] = Mark(f"{name}{where}.{place.value}", strokes, 0, x, top, pen=pen_of(name))
+                title = f"{name}{band.value}.{place.value}"
+                marks[code_of(key)] = Mark(title, moved(shapes[name], x), 0, x, band, pen=pen_of(name))
     for copy, original in DUPLICATES.items():
         twin = marks[code_of(original)]
         marks[code_of(copy)] = replace(twin, name=twin.name + ".copy")
@@ -204,19 +210,19 @@ def placed_tehtar() -> dict[int, Mark]:
 
 def bars() -> dict[int, Mark]:
     marks = {}
-    for where, keys, height, length in BARS:
+    for band, keys, length in BARS:
         shapes = ((bar, WIDE), (bar, MEDIUM), (tilde, WIDE), (tilde, MEDIUM))
         for key, (shape, place) in zip(keys, shapes):
             # Under doubled bows as over them: the bar is too long for any other place than the middle.
             x = -ABOVE[place]
-            size = "wide" if place is WIDE else "single"
-            strokes = shape(length[place], height, x)
-            marks[code_of(key)] = Mark(f"{shape.__name__}{where}.{size}", strokes, 0, x)
+            title = f"{shape.__name__}{band.value[4:]}.{place.value}"
+            strokes = shape(length[place], BAND_HEIGHTS[band], x)
+            marks[code_of(key)] = Mark(title, strokes, 0, x, band)
     return marks
 
 
 def inside_lambe() -> dict[int, Mark]:
-    y = 90
+    y = BAND_HEIGHTS[Band.INSIDE]
     table = {
         "L": ("dot", dots((0, y))),
         "´": ("twodots", dots((-58, y), (58, y))),
@@ -225,7 +231,7 @@ def inside_lambe() -> dict[int, Mark]:
         "‚": ("doubleacute", moved(double_acute(), 0, y - ABOVE_CENTRE)),
     }
     return {
-        code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, y + 50)
+        code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, Band.INSIDE)
         for key, (name, strokes) in table.items()
     }
 
