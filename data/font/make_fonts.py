@@ -57,13 +57,17 @@ def draw(glyph, sign: Sign, style: Style) -> None:
             pen.curveTo(*((p.real, p.imag) for p in (leaving, arriving, end)))
         pen.endPath()
     pen = None  # closes the drawing
-    glyph.stroke("convex", nib_contour(style.pen.nib(sign.pen)), removeoverlap="contour")
+    size = sign.pen * (style.mark_pen if isinstance(sign, Mark) else 1.0)
+    glyph.stroke("convex", nib_contour(style.pen.nib(size)), removeoverlap="contour")
     # On whole units no edges lie all but on each other, which is what a union may stumble over.
     glyph.round()
     glyph.removeOverlap()
+    ink = glyph.boundingBox()
     glyph.simplify(0.8, ("setstarttoextremum", "removesingletonpoints"))
     glyph.addExtrema("only_good_rm")
     glyph.round()
+    if any(abs(before - after) > 2 for before, after in zip(ink, glyph.boundingBox())):
+        raise RuntimeError(f"The outline of {glyph.glyphname} changed while it was simplified")
     glyph.canonicalContours()
     glyph.canonicalStart()
     glyph.correctDirection()

@@ -66,20 +66,20 @@ def ten(strokes: Strokes) -> Strokes:
 
 def table() -> tuple[Letter, ...]:
     zero = (curve((88, 330, 62), (244, TOP, 0), (448, MIDDLE, -90), (240, BASE, 180), (66, 112, 128)),)
-    under_neck = {ABOVE: (480,), BAR_ABOVE: (130,)}
+    under_neck = {ABOVE: (530,), BAR_ABOVE: (108,)}
     return (
         Letter("zero", zero, 540, MEDIUM, MEDIUM),
         Letter("one", bows_hanging(1), 500, MEDIUM, MEDIUM),
         Letter("two", bows_hanging(2), 810, WIDE, WIDE),
         Letter("three", bows_hanging(3), 1120, WIDE, WIDE),
-        Letter("four", stem_with_bows(0), 480, STEM, MEDIUM, {ABOVE: (310,), BELOW: (230, -385), BAR_ABOVE: (330,), BAR_BELOW: (330,)}),
-        Letter("five", stem_with_bows(1), 620, MEDIUM, WIDE, {BELOW: (460,), BAR_ABOVE: (352,), BAR_BELOW: (352,)}),
+        Letter("four", stem_with_bows(0), 480, STEM, MEDIUM, {ABOVE: (356,), BELOW: (230, -428), BAR_ABOVE: (330,), BAR_BELOW: (330,)}),
+        Letter("five", stem_with_bows(1), 620, MEDIUM, WIDE, {ABOVE: (372,), BELOW: (506,), BAR_ABOVE: (362,), BAR_BELOW: (390,)}),
         Letter("six", stem_with_bows(2), 930, WIDE, WIDE),
-        Letter("seven", moved(hooked_stem(-1), 330), 450, MEDIUM, MEDIUM, {BELOW: (224, -385), BAR_ABOVE: (132,), BAR_BELOW: (132,)}),
-        Letter("eight", moved(hook_with_bows(1), 210), 700, STEM, MEDIUM),
+        Letter("seven", moved(hooked_stem(-1), 374), 494, MEDIUM, MEDIUM, {ABOVE: (122,), BELOW: (268, -428), BAR_ABOVE: (160,), BAR_BELOW: (160,)}),
+        Letter("eight", moved(hook_with_bows(1), 210), 700, STEM, MEDIUM, {BAR_ABOVE: (416,)}),
         Letter("nine", moved(hook_with_bows(2), 210), 1020, WIDE, WIDE),
         Letter("ten", ten(silme()), 600, MEDIUM, MEDIUM, under_neck),
-        Letter("eleven", ten(esse()), 600, MEDIUM, MEDIUM, under_neck | {BELOW: (310, -285), BAR_BELOW: (310, -250)}),
+        Letter("eleven", ten(esse()), 600, MEDIUM, MEDIUM, under_neck | {BELOW: (310, -300), BAR_BELOW: (310, -280)}),
     )
 
 

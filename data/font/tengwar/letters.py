@@ -48,7 +48,7 @@ def primary(series: int, top: float, foot: float, count: int) -> tuple[Strokes, 
         return moved(body + flick(stem_lean(top), top), BEARING), advance
     body = stem(top, foot) + turned(bows(count, closed), 0, MIDDLE)
     if not closed or top == RAISED:
-        body += flick(stem_lean(top), top, 48 if top == TOP else 62)
+        body += flick(stem_lean(top), top, 48)
     return moved(body, advance - BEARING), advance
 
 
@@ -62,19 +62,34 @@ def places(series: int, top: float, foot: float, count: int) -> tuple[Place, Pla
     return above, below
 
 
+def beside_stem(series: int, top: float, foot: float, count: int) -> dict[Band, tuple[float, ...]]:
+    """What passes beside a long stem keeps a little more room from it."""
+    aside = 14 if series < 2 else -14
+    axis = (SINGLE if count == 1 else DOUBLE) / 2 + aside
+    exceptions: dict[Band, tuple[float, ...]] = {}
+    if top == RAISED:
+        exceptions[BAR_ABOVE] = (axis,)
+        if count == 1:
+            exceptions[ABOVE] = (350,) if series < 2 else (252,)
+    if foot == HANGING:
+        exceptions[BAR_BELOW] = (axis,)
+    return exceptions
+
+
 def primaries() -> dict[int, Letter]:
     letters = {}
     for keys, *shape in ROWS:
         for series, key in enumerate(keys):
             strokes, advance = primary(series, *shape)
-            letters[ord(key)] = Letter(NAMES[key], strokes, advance, *places(series, *shape))
+            exceptions = beside_stem(series, *shape)
+            letters[ord(key)] = Letter(NAMES[key], strokes, advance, *places(series, *shape), exceptions)
     return letters
 
 
-def romen() -> Strokes:
+def romen(foot: float = HANGING) -> Strokes:
     return flick(112, TOP, 58) + (
         curve((112, TOP, -88), (160, 190, -72), (268, 84, -30)),
-        curve((300, 318, 112), (386, TOP, 0), (460, 306, -97), (322, 66, -130), (166, -220, -112), (148, -350, -86), (212, -394, 16)),
+        curve((300, 318, 112), (386, TOP, 0), (460, 306, -97), (322, 66, -130), (166, foot + 180, -112), (148, foot + 50, -86), (212, foot + 6, 16)),
     )
 
 
@@ -134,7 +149,7 @@ def osse() -> Strokes:
 def lambe() -> Strokes:
     return (
         curve((52, TOP - 40, 40), (130, TOP - 4, 8), (380, TOP - 4, 0), (652, TOP + 8, 14)),
-        curve((340, TOP - 4, -164), (94, 92, -90), (362, -238, 0), (614, -96, 84), (560, -22, 145)),
+        curve((340, TOP - 4, -164), (94, 86, -90), (362, -252, 0), (616, -104, 84), (560, -22, 145)),
     )
 
 
@@ -143,12 +158,12 @@ def alda() -> Strokes:
         curve((52, TOP - 40, 40), (130, TOP - 4, 8), (360, TOP - 4, 0), (622, TOP + 8, 14)),
         curve(
             (316, TOP - 4, -166),
-            (152, 292, -90),
-            (330, 172, -8),
-            (566, -34, -90),
-            (340, -238, 180),
-            (98, -112, 96),
-            (152, -36, 35),
+            (150, 304, -90),
+            (330, 190, -8),
+            (570, -34, -90),
+            (336, -254, 180),
+            (94, -122, 96),
+            (148, -46, 35),
         ),
     )
 
@@ -156,7 +171,7 @@ def alda() -> Strokes:
 def hwesta_sindarinwa(foot_from: float, foot_to: float) -> Strokes:
     bowl = curve((430, 318, 124), (262, TOP, 180), (78, MIDDLE - 8, -90), (240, BASE, 0), (430, 160, 55))
     foot = curve((foot_from, BASE, 0), ((foot_from + foot_to) / 2, BASE - 2, 0), (foot_to, BASE + 14, 24))
-    return flick(430 + stem_lean(RAISED), RAISED) + moved(stem(RAISED, BASE), 430) + (bowl, foot)
+    return flick(430 + stem_lean(RAISED), RAISED, 48) + moved(stem(RAISED, BASE), 430) + (bowl, foot)
 
 
 def carrier(name: str, top: float, foot: float, exceptions: dict[Band, tuple[float, ...]]) -> Letter:
@@ -170,8 +185,8 @@ def others() -> dict[int, Letter]:
     arda_nib = curve((62, 72, -25), (150, 40, 0), (282, 62, 20))
     beside_tail = {BAR_BELOW: (400,)}
     in_bowl = {BELOW: (350, 140), BAR_BELOW: (350, 90)}
-    in_lower_bowl = {BELOW: (330, 22), BAR_BELOW: (330, -32), INSIDE: (330, -32)}
-    under_neck = {BAR_ABOVE: (470,)}
+    in_lower_bowl = {BELOW: (338, 16), BAR_BELOW: (336, -36), INSIDE: (338, -38)}
+    under_neck = {ABOVE: (116,), BAR_ABOVE: (474,)}
     table = {
         "7": Letter("romen", romen(), 560, MEDIUM, NARROW, beside_tail),
         "u": Letter("arda", romen() + (arda_nib,), 560, MEDIUM, NARROW, beside_tail),
@@ -179,17 +194,17 @@ def others() -> dict[int, Letter]:
         "m": Letter("alda", alda(), 700, MEDIUM, MEDIUM, in_lower_bowl),
         "8": Letter("silme", silme(), 600, WIDE, MEDIUM, under_neck),
         "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
-        "k": Letter("esse", esse(), 600, WIDE, MEDIUM, under_neck | {BELOW: (290, -285), BAR_BELOW: (290, -250)}),
+        "k": Letter("esse", esse(), 600, WIDE, MEDIUM, under_neck | {BELOW: (290, -300), BAR_BELOW: (290, -280)}),
         ",": Letter("essenuquerna", esse_nuquerna(), 600, MEDIUM, MEDIUM, {BELOW: (500,), BAR_BELOW: (190,)}),
         "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 600, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
-        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, {BAR_ABOVE: (236,)}),
+        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
         "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 550),
         ".": Letter("ure", round_o(280, 384), 560),
         "]": Letter("osse", osse(), 540),
         "`": carrier("telco", TOP, BASE, {}),
-        "~": carrier("ara", TOP, HANGING, {BELOW: (310,), BAR_BELOW: (345,)}),
+        "~": carrier("ara", TOP, HANGING, {BELOW: (320,), BAR_BELOW: (350,)}),
         # Over a stem that reaches the height of the marks itself, they stand beside it.
-        "½": carrier("halla", RAISED, BASE, {ABOVE: (310,), BAR_ABOVE: (345,)}),
+        "½": carrier("halla", RAISED, BASE, {ABOVE: (350,), BAR_ABOVE: (350,)}),
     }
     return {key.encode("cp1252")[0]: letter for key, letter in table.items()}
 

@@ -74,6 +74,8 @@ class Style:
     skeleton: Affine
     italic_angle: float = 0.0
     weight: int = 400
+    # The pen of the marks as a part of that of the letters: they must keep clear of each other.
+    mark_pen: float = 1.0
 
     @property
     def advance_scale(self) -> float:
@@ -92,10 +94,11 @@ def _fitted(pen: Pen, stretch: float, slant: float) -> Affine:
 
 ITALIC_SLANT = 11
 BOLD_STRETCH = 1.06
+BOLD_MARK_PEN = 0.82
 
 STYLES = (
     Style("Regular", REGULAR_PEN, Affine()),
-    Style("Bold", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, 0), weight=700),
+    Style("Bold", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, 0), 0, 700, BOLD_MARK_PEN),
     Style("Italic", REGULAR_PEN, _fitted(REGULAR_PEN, 1, ITALIC_SLANT), -ITALIC_SLANT),
-    Style("Bold Italic", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, ITALIC_SLANT), -ITALIC_SLANT, 700),
+    Style("Bold Italic", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, ITALIC_SLANT), -ITALIC_SLANT, 700, BOLD_MARK_PEN),
 )

@@ -38,7 +38,7 @@ def phi(closed: bool) -> Strokes:
 
 def silme_over_aha() -> Strokes:
     x = DOUBLE - BEARING
-    sweep = curve((x - 690, 250, 92), (x - 520, 500, 50), (x - 300, 570, 0), (x, 556, -8))
+    sweep = curve((x - 690, 250, 92), (x - 520, 490, 48), (x - 300, 552, 0), (x, 540, -8))
     outer = turned(moved(closed_bow(BOW), INNER_BOW), 0, MIDDLE)
     bowl = curve((x - 520, TOP - 66, 120), (x - 590, TOP - 40, 180), (x - 700, 210, -90), (x - 500, BASE, 0), (x - 330, 200, 60))
     inner = turned(open_bow(INNER_BOW), 0, MIDDLE)
@@ -52,28 +52,28 @@ def table() -> dict[str, Sign]:
         curve((70, TOP - 40, 55), (140, TOP - 4, 5), (330, TOP - 8, 0), (420, TOP, 10)),
         curve((412, TOP, -108), (330, 140, -106), (250, -150, -118), (110, -260, 180), (60, -220, 110)),
     )
-    harp_foot = curve((150, 40, -100), (140, -120, -94), (196, -240, 0), (290, -190, 60))
+    harp_foot = curve((150, 40, -100), (140, -120, -94), (192, -240, 0), (272, -196, 60))
     cedilla = curve((300, BASE, -80), (330, -100, -85), (262, -176, 180), (206, -146, 120))
-    long_bar = curve((150, TOP - 2, 10), (300, TOP - 6, 0), (470, TOP + 8, 14))
-    turned_romen = turned(romen(), 280, MIDDLE - 0)
+    long_bar = curve((128, TOP - 4, 0), (300, TOP - 6, 0), (470, TOP + 8, 14))
+    turned_romen = turned(romen(-345), 280, MIDDLE)
     return {
-        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, {BAR_ABOVE: (470,)}),
+        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, {ABOVE: (104,), BAR_ABOVE: (486,)}),
         "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
-        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, {BAR_BELOW: (300, -200)}),
-        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, {BAR_ABOVE: (236,)}),
-        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, {BELOW: (270, -290), BAR_BELOW: (270, -260)}),
-        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM, {BELOW: (430,), BAR_BELOW: (420,)}),
+        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, {BAR_ABOVE: (300, 585), BAR_BELOW: (300, -222)}),
+        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
+        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, {BELOW: (270, -306), BAR_BELOW: (270, -292)}),
+        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM, {ABOVE: (370,), BAR_ABOVE: (370,), BELOW: (430,), BAR_BELOW: (488,)}),
         "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (450, 882)}),
         "—": Sign("and", et, 520),
         "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (370,)}),
         "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
         "§": Letter("ahatinco", phi(False), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
-        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 160), 540, exceptions={BAR_ABOVE: (270, 882)}),
+        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 136), 540, exceptions={BAR_ABOVE: (270, 882)}),
         "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
-        "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (170,), BAR_ABOVE: (170,)}),
+        "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (146,), BAR_ABOVE: (150,)}),
         "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, MEDIUM, MEDIUM, {BAR_BELOW: (290,), BELOW: (150,)}),
-        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (480,), BAR_ABOVE: (130,)}),
-        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE),
+        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (536,), BAR_ABOVE: (104,)}),
+        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE, {BAR_BELOW: (286,)}),
     }
 
 

@@ -28,12 +28,12 @@ BAND_HEIGHTS = {
     Band.BELOW: BELOW_TOP,
     Band.BAR_ABOVE: 562,
     Band.BAR_BELOW: -124,
-    Band.BAR_HIGH: 882,
-    Band.BAR_FAR: -502,
+    Band.BAR_HIGH: 894,
+    Band.BAR_FAR: -512,
     Band.INSIDE: 90,
 }
 # Bars near the letter pass beside long stems on either side; those beyond the stems may be longer.
-BAR_LENGTH = {WIDE: 500, MEDIUM: 198}
+BAR_LENGTH = {WIDE: 480, MEDIUM: 184}
 LONG_BAR_LENGTH = {WIDE: 600, MEDIUM: 290}
 
 
@@ -56,11 +56,16 @@ def dots(*places: tuple[float, float]) -> Strokes:
 
 
 def acute() -> Strokes:
-    return (curve((66, ABOVE_TOP + 18, -128), (6, 734, -124), (-56, ABOVE_FOOT - 14, -138)),)
+    return (curve((60, ABOVE_TOP + 18, -126), (4, 734, -123), (-54, ABOVE_FOOT - 14, -136)),)
 
 
 def double_acute() -> Strokes:
-    return moved(acute(), -56) + moved(acute(), 56)
+    return moved(acute(), -44) + moved(acute(), 44)
+
+
+def shrunk(strokes: Strokes, factor: float, y: float) -> Strokes:
+    """A tehta for above, made smaller and set about the height y."""
+    return moved(tuple(stroke.moved(0, -ABOVE_CENTRE).scaled(factor) for stroke in strokes), 0, y)
 
 
 def right_curl() -> Strokes:
@@ -96,7 +101,7 @@ def circumflex() -> Strokes:
 
 
 def w_sign() -> Strokes:
-    return (curve((-124, 706, 70), (-74, 768, 0), (10, 738, -12), (96, 746, 15), (128, 728, -80), (104, 652, -120)),)
+    return (curve((-104, 704, 70), (-58, 768, -5), (14, 740, -12), (82, 746, 15), (108, 728, -80), (88, 654, -120)),)
 
 
 ABOVE_CENTRE = BAND_HEIGHTS[Band.ABOVE]
@@ -130,7 +135,7 @@ TEHTAR_BELOW = {
     "twodots": dots((-58, BELOW_TOP - 14), (58, BELOW_TOP - 14)),
     "threedots": dots((-60, BELOW_TOP - 115), (60, BELOW_TOP - 115), (0, BELOW_TOP)),
     "acute": lowered(acute()),
-    "doubleacute": lowered(double_acute()),
+    "doubleacute": shrunk(double_acute(), 0.8, BELOW_TOP - 56),
     "rightcurl": lowered(right_curl()),
     "leftcurl": lowered(left_curl()),
     "ring": ring(),
@@ -228,7 +233,7 @@ def inside_lambe() -> dict[int, Mark]:
         "´": ("twodots", dots((-58, y), (58, y))),
         "¸": ("bar", bar(180, y)),
         "°": ("tilde", tilde(190, y)),
-        "‚": ("doubleacute", moved(double_acute(), 0, y - ABOVE_CENTRE)),
+        "‚": ("doubleacute", shrunk(double_acute(), 0.7, y)),
     }
     return {
         code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, Band.INSIDE)
@@ -244,11 +249,11 @@ def hooks() -> dict[int, Sign]:
         "|": Mark("hookleft", moved(left, -300), 0, -300),
         "}": Mark("hookleft.narrow", moved(left, -140), 0, -140),
         "+": Sign("hookright", (curve(start, (-60, BASE, -4), (62, -80, -95), (-20, -176, 180), (-78, -140, 110)),), 120),
-        "_": Sign("hookright.lambe", (curve((-120, -150, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
+        "_": Sign("hookright.lambe", (curve((-166, -130, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
         "¡": Sign("hookright.lifted", (curve((-60, 215, 0), (40, 190, -20), (92, 60, -92), (10, -40, 180), (-40, -10, 110)),), 150),
         "¢": Sign("hookright.raised", (curve((-120, TOP, 0), (20, TOP - 20, -20), (88, TOP - 140, -95), (10, TOP - 235, 180), (-44, TOP - 200, 110)),), 150),
         "£": Sign("hookright.looped", (curve(start, (-70, BASE, 0), (150, 150, 50), (216, 250, 90), (168, 262, -135), (60, 0, -108), (-110, -190, -160)),), 250),
-        "¥": Sign("hookright.lambelooped", (curve((-120, -150, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
+        "¥": Sign("hookright.lambelooped", (curve((-166, -130, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
         "Å": Sign("hookright.upward", (curve(start, (-60, BASE, -2), (70, 60, 55), (96, 150, 88)),), 150),
         "Æ": Sign("hookright.raisedupward", (curve((-120, TOP, 0), (0, TOP - 6, 5), (82, TOP + 70, 62), (96, TOP + 130, 85)),), 150),
         "Ç": Sign("hookright.downward", (curve(start, (-60, BASE, -4), (70, -80, -88), (66, -190, -95), (124, -216, 40)),), 160),
