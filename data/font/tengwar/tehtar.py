@@ -135,7 +135,7 @@ TEHTAR_BELOW = {
     "twodots": dots((-58, BELOW_TOP - 14), (58, BELOW_TOP - 14)),
     "threedots": dots((-60, BELOW_TOP - 115), (60, BELOW_TOP - 115), (0, BELOW_TOP)),
     "acute": lowered(acute()),
-    "doubleacute": shrunk(double_acute(), 0.8, BELOW_TOP - 56),
+    "doubleacute": shrunk(double_acute(), 0.72, BELOW_TOP - 46),
     "rightcurl": lowered(right_curl()),
     "leftcurl": lowered(left_curl()),
     "ring": ring(),
