@@ -335,11 +335,11 @@ void tst_font::advances_data()
 {
     QTest::addColumn<QString>("characters");
     QTest::addColumn<int>("advance");
-    QTest::newRow("one bow") << QStringLiteral("1qaz3edc6yhn!QAZ") << 600;
-    QTest::newRow("two bows") << QStringLiteral("2wsx4rfv5tgb@WSX") << 900;
-    QTest::newRow("lambe, alda") << QStringLiteral("jm") << 700;
-    QTest::newRow("silme, esse") << QStringLiteral("8ik,") << 600;
-    QTest::newRow("carriers") << QString::fromUtf16(u"`~\u00bd") << 290;
+    QTest::newRow("one bow") << QStringLiteral("1qaz3edc6yhn!QAZ") << 630;
+    QTest::newRow("two bows") << QStringLiteral("2wsx4rfv5tgb@WSX") << 930;
+    QTest::newRow("lambe, alda") << QStringLiteral("jm") << 730;
+    QTest::newRow("silme, esse") << QStringLiteral("8ik,") << 610;
+    QTest::newRow("carriers") << QString::fromUtf16(u"`~\u00bd") << 300;
     QTest::newRow("spaces") << QString::fromUtf16(u" \u00a0") << 280;
 }
 

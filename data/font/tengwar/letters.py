@@ -7,10 +7,10 @@ from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, bows, flick, mirrored, moved, open_bow, closed_bow, stem, stem_lean, turned
 from .sign import Band, Letter, Place, Strokes
 
-SINGLE = 600
-DOUBLE = 900
+SINGLE = 630
+DOUBLE = 930
 # From the middle of a stem to the edge of its letter.
-BEARING = 108
+BEARING = 118
 
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
 ABOVE, BELOW, INSIDE = Band.ABOVE, Band.BELOW, Band.INSIDE
@@ -70,7 +70,7 @@ def beside_stem(series: int, top: float, foot: float, count: int) -> dict[Band, 
     if top == RAISED:
         exceptions[BAR_ABOVE] = (axis,)
         if count == 1:
-            exceptions[ABOVE] = (350,) if series < 2 else (252,)
+            exceptions[ABOVE] = (364,) if series < 2 else (270,)
     if foot == HANGING:
         exceptions[BAR_BELOW] = (axis,)
     return exceptions
@@ -178,7 +178,7 @@ def carrier(name: str, top: float, foot: float, exceptions: dict[Band, tuple[flo
     """A bare stem. Bars, which have no narrow form, stand over and under its middle."""
     bars = {band: (150.0,) for band in (BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR)}
     strokes = moved(flick(stem_lean(top), top) + stem(top, foot), 150)
-    return Letter(name, strokes, 290, NARROW, NARROW, bars | exceptions)
+    return Letter(name, strokes, 300, NARROW, NARROW, bars | exceptions)
 
 
 def others() -> dict[int, Letter]:
@@ -188,19 +188,19 @@ def others() -> dict[int, Letter]:
     in_lower_bowl = {BELOW: (338, 16), BAR_BELOW: (336, -36), INSIDE: (338, -38)}
     under_neck = {ABOVE: (116,), BAR_ABOVE: (474,)}
     table = {
-        "7": Letter("romen", romen(), 560, MEDIUM, NARROW, beside_tail),
-        "u": Letter("arda", romen() + (arda_nib,), 560, MEDIUM, NARROW, beside_tail),
-        "j": Letter("lambe", lambe(), 700, MEDIUM, MEDIUM, in_bowl),
-        "m": Letter("alda", alda(), 700, MEDIUM, MEDIUM, in_lower_bowl),
-        "8": Letter("silme", silme(), 600, WIDE, MEDIUM, under_neck),
-        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
-        "k": Letter("esse", esse(), 600, WIDE, MEDIUM, under_neck | {BELOW: (290, -300), BAR_BELOW: (290, -280)}),
-        ",": Letter("essenuquerna", esse_nuquerna(), 600, MEDIUM, MEDIUM, {BELOW: (500,), BAR_BELOW: (190,)}),
-        "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 600, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
+        "7": Letter("romen", romen(), 570, MEDIUM, NARROW, beside_tail),
+        "u": Letter("arda", romen() + (arda_nib,), 570, MEDIUM, NARROW, beside_tail),
+        "j": Letter("lambe", lambe(), 730, MEDIUM, MEDIUM, in_bowl),
+        "m": Letter("alda", alda(), 730, MEDIUM, MEDIUM, in_lower_bowl),
+        "8": Letter("silme", silme(), 610, WIDE, MEDIUM, under_neck),
+        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 610, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
+        "k": Letter("esse", esse(), 610, WIDE, MEDIUM, under_neck | {BELOW: (290, -300), BAR_BELOW: (290, -280)}),
+        ",": Letter("essenuquerna", esse_nuquerna(), 610, MEDIUM, MEDIUM, {BELOW: (500,), BAR_BELOW: (190,)}),
+        "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 610, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
         "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
-        "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 550),
-        ".": Letter("ure", round_o(280, 384), 560),
-        "]": Letter("osse", osse(), 540),
+        "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 560),
+        ".": Letter("ure", round_o(280, 384), 570),
+        "]": Letter("osse", osse(), 550),
         "`": carrier("telco", TOP, BASE, {}),
         "~": carrier("ara", TOP, HANGING, {BELOW: (320,), BAR_BELOW: (350,)}),
         # Over a stem that reaches the height of the marks itself, they stand beside it.

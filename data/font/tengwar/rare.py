@@ -47,7 +47,7 @@ def silme_over_aha() -> Strokes:
 
 def table() -> dict[str, Sign]:
     malta, double = primary(1, TOP, BASE, 2)
-    malta_hook = curve((770, 150, -88), (820, -60, -75), (740, -170, 180), (680, -130, 115))
+    malta_hook = curve((780, 150, -88), (830, -60, -75), (752, -170, 180), (692, -130, 115))
     et = (
         curve((70, TOP - 40, 55), (140, TOP - 4, 5), (330, TOP - 8, 0), (420, TOP, 10)),
         curve((412, TOP, -108), (330, 140, -106), (250, -150, -118), (110, -260, 180), (60, -220, 110)),
@@ -63,17 +63,17 @@ def table() -> dict[str, Sign]:
         "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
         "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, {BELOW: (270, -306), BAR_BELOW: (270, -292)}),
         "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM, {ABOVE: (370,), BAR_ABOVE: (370,), BELOW: (430,), BAR_BELOW: (488,)}),
-        "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (450, 882)}),
+        "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (465, 894)}),
         "—": Sign("and", et, 520),
-        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (370,)}),
+        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (380,)}),
         "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
         "§": Letter("ahatinco", phi(False), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
-        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 136), 540, exceptions={BAR_ABOVE: (270, 882)}),
+        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 136), 540, exceptions={BAR_ABOVE: (270, 894)}),
         "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
         "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (146,), BAR_ABOVE: (150,)}),
         "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, MEDIUM, MEDIUM, {BAR_BELOW: (290,), BELOW: (150,)}),
         "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (536,), BAR_ABOVE: (104,)}),
-        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE, {BAR_BELOW: (286,)}),
+        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE, {BAR_BELOW: (301,)}),
     }
 
 

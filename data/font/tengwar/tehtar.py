@@ -15,10 +15,10 @@ from .sign import Band, Mark, Place, Sign, Strokes
 WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
 
 # From the right edge of a letter back to the axis of the mark.
-ABOVE = {WIDE: 450, MEDIUM: 300, STEM: 250, NARROW: 140}
-BELOW = {WIDE: 430, MEDIUM: 300, STEM: 250, NARROW: 140}
+ABOVE = {WIDE: 465, MEDIUM: 315, STEM: 265, NARROW: 150}
+BELOW = {WIDE: 445, MEDIUM: 315, STEM: 265, NARROW: 150}
 # From the right edge of a lambe to the middle of its bowl.
-INSIDE = 350
+INSIDE = 380
 
 # Heights of the pen's middle: the band of the marks above, the tops of those below, and the bars.
 ABOVE_FOOT, ABOVE_TOP = 665, 795
@@ -244,16 +244,16 @@ def inside_lambe() -> dict[int, Mark]:
 def hooks() -> dict[int, Sign]:
     """The s-hooks. Left-hand ones hang under a bow; right-hand ones prolong one and have an advance."""
     left = (curve((0, BASE, -150), (-62, -52, -118), (-34, -132, -10), (36, -92, 55)),)
-    start = (-270, BASE, 0)
+    start = (-280, BASE, 0)
     tables = {
-        "|": Mark("hookleft", moved(left, -300), 0, -300),
-        "}": Mark("hookleft.narrow", moved(left, -140), 0, -140),
+        "|": Mark("hookleft", moved(left, -315), 0, -315),
+        "}": Mark("hookleft.narrow", moved(left, -150), 0, -150),
         "+": Sign("hookright", (curve(start, (-60, BASE, -4), (62, -80, -95), (-20, -176, 180), (-78, -140, 110)),), 120),
-        "_": Sign("hookright.lambe", (curve((-166, -130, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
-        "¡": Sign("hookright.lifted", (curve((-60, 215, 0), (40, 190, -20), (92, 60, -92), (10, -40, 180), (-40, -10, 110)),), 150),
+        "_": Sign("hookright.lambe", (curve((-196, -130, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
+        "¡": Sign("hookright.lifted", (curve((-90, 215, 0), (40, 190, -20), (92, 60, -92), (10, -40, 180), (-40, -10, 110)),), 150),
         "¢": Sign("hookright.raised", (curve((-120, TOP, 0), (20, TOP - 20, -20), (88, TOP - 140, -95), (10, TOP - 235, 180), (-44, TOP - 200, 110)),), 150),
         "£": Sign("hookright.looped", (curve(start, (-70, BASE, 0), (150, 150, 50), (216, 250, 90), (168, 262, -135), (60, 0, -108), (-110, -190, -160)),), 250),
-        "¥": Sign("hookright.lambelooped", (curve((-166, -130, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
+        "¥": Sign("hookright.lambelooped", (curve((-196, -130, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
         "Å": Sign("hookright.upward", (curve(start, (-60, BASE, -2), (70, 60, 55), (96, 150, 88)),), 150),
         "Æ": Sign("hookright.raisedupward", (curve((-120, TOP, 0), (0, TOP - 6, 5), (82, TOP + 70, 62), (96, TOP + 130, 85)),), 150),
         "Ç": Sign("hookright.downward", (curve(start, (-60, BASE, -4), (70, -80, -88), (66, -190, -95), (124, -216, 40)),), 160),
