@@ -5,7 +5,8 @@
 #include <array>
 
 /// Which of the four places of a mark belongs to which letters of the font. Letters are named by
-/// their code page 1252 characters; ligatures and alternative shapes follow the letters they are made of.
+/// their code page 1252 characters; ligatures and alternative shapes follow the letters they are
+/// made of.
 namespace MarkPlaces {
 
 struct Place
@@ -17,14 +18,17 @@ struct Place
 
 inline constexpr std::array<Place, 4> above{{
     {u"wide", u"2wsx4rfv5tgb@WSX8ko*K<\u0161\u2013\u00f2\u00f3\u00f6\u00f9"},
-    {u"medium", u"1qazdc6yhnAZ7ujmiI,l.]\u2021\u00ae\u00b3\u00bc\u00be\u00bf\u00c4\u00f0\u00f1\u00f5\u00f7\u00fa\u00fb"},
+    {u"medium", u"1qazdc6yhnAZ7ujmiI,l.]"
+                u"\u2021\u00ae\u00b3\u00bc\u00be\u00bf\u00c4\u00f0\u00f1\u00f5\u00f7\u00fa\u00fb"},
     {u"stem", u"3e!Q\u00a6\u00a7\u2022\u00f4\u00f8"},
     {u"narrow", u"`~\u00bd9"},
 }};
 
 inline constexpr std::array<Place, 4> below{{
     {u"wide", u"2wsx4rfv5tgb@WSXazAZ\u0161\u2013\u00c4\u00f2\u00f3\u00f5\u00f6\u00f9"},
-    {u"medium", u"3edc6yhn8k*K<,9ol.]\u2021\u00ae\u00b3\u00bc\u00be\u00bfjm\u00f0\u00f1\u00f4\u00f7\u00f8\u00fa\u00fb"},
+    {u"medium",
+     u"3edc6yhn8k*K<,9ol.]"
+     u"\u2021\u00ae\u00b3\u00bc\u00be\u00bfjm\u00f0\u00f1\u00f4\u00f7\u00f8\u00fa\u00fb"},
     {u"stem", u"1q!Q\u00a6\u00a7\u2022"},
     {u"narrow", u"`~\u00bd7uiI"},
 }};
@@ -85,7 +89,8 @@ inline constexpr std::array<Bar, 8> bars{{
 inline constexpr std::u16string_view insideLambe = u"L\u00b4\u00b8\u00b0\u201a";
 inline constexpr std::u16string_view lambeAndAlda = u"jm";
 /// Letters with doubled bows, which take the wide bars.
-inline constexpr std::u16string_view doubled = u"2wsx4rfv5tgb@WSX\u0161\u2013\u00f2\u00f3\u00f6\u00f9";
+inline constexpr std::u16string_view doubled =
+    u"2wsx4rfv5tgb@WSX\u0161\u2013\u00f2\u00f3\u00f6\u00f9";
 /// Letters with the s-hook that fits their bows.
 struct Hook
 {

@@ -11,9 +11,11 @@
 #include <QImage>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRawFont>
 #include <QStringDecoder>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -21,6 +23,7 @@ namespace {
 constexpr int pageWidth = 1240;
 constexpr int pageHeight = 1754;
 constexpr int margin = 60;
+constexpr int signSize = 42;
 const QColor labelColour(0x80, 0x80, 0x80);
 const QColor supportColour(0xc8, 0xc8, 0xc8);
 
@@ -47,40 +50,64 @@ void label(QPainter &painter, double x, double y, const QString &text, int pixel
     painter.drawText(QPointF(x, y), text);
 }
 
-void sign(QPainter &painter, double x, double y, int pixels, const QString &text, const QColor &colour = Qt::black)
+void sign(QPainter &painter, double x, double y, int pixels, const QString &text,
+          const QColor &colour = Qt::black)
 {
     painter.setFont(tengwar(pixels));
     painter.setPen(colour);
     painter.drawText(QPointF(x, y), text);
 }
 
-/// A letter that marks with this character can be shown on, or nothing for what stands alone.
+/// The place of a mark among its four codes, or nothing for other signs.
+template<size_t count>
+std::optional<size_t> placeOf(QChar mark, const std::array<MarkPlaces::Tehta, count> &tehtar)
+{
+    for (const MarkPlaces::Tehta &tehta : tehtar)
+        for (size_t place = 0; place < tehta.codes.size(); ++place)
+            if (mark == QChar(tehta.codes[place]))
+                return place;
+    return std::nullopt;
+}
+
+/// A letter that the sign can be shown on, or nothing for what stands alone.
 QString supportOf(QChar mark)
 {
-    constexpr std::array samples{u'5', u'6', u'3', u'`'};
-    constexpr std::array lowSamples{u'5', u'6', u'1', u'`'};
-    for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
-        for (size_t place = 0; place < samples.size(); ++place)
-            if (mark == QChar(tehta.codes[place]))
-                return QChar(samples[place]);
-    for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
-        for (size_t place = 0; place < samples.size(); ++place)
-            if (mark == QChar(tehta.codes[place]))
-                return QChar(lowSamples[place]);
-    for (const MarkPlaces::Bar &bar : MarkPlaces::bars) {
-        if (mark == QChar(bar.wide))
-            return QStringLiteral("5");
-        if (mark == QChar(bar.single))
-            return QStringLiteral("6");
-    }
-    if (QStringView(MarkPlaces::insideLambe).contains(mark))
-        return QStringLiteral("j");
-    if (QStringView(u"()O>").contains(mark))
-        return QStringLiteral("6");
-    return QStringView(u"|}\u00a2\u00c6").contains(mark) ? QStringLiteral("h")
-           : QStringView(u"+\u00a1\u00a3\u00c5\u00c7").contains(mark) ? QStringLiteral("6")
-           : QStringView(u"_\u00a5").contains(mark) ? QStringLiteral("j")
-                                                   : QString();
+    if (const auto place = placeOf(mark, MarkPlaces::tehtarAbove))
+        return QStringLiteral("563`").sliced(static_cast<qsizetype>(*place), 1);
+    if (const auto place = placeOf(mark, MarkPlaces::tehtarBelow))
+        return QStringLiteral("561`").sliced(static_cast<qsizetype>(*place), 1);
+    for (const MarkPlaces::Bar &bar : MarkPlaces::bars)
+        if (mark == QChar(bar.wide) || mark == QChar(bar.single))
+            return mark == QChar(bar.wide) ? QStringLiteral("5") : QStringLiteral("6");
+    constexpr std::array<std::pair<std::u16string_view, char16_t>, 7> others{{
+        {u"(", u'5'},
+        {u"O+\u00a3\u00c5\u00c7", u'6'},
+        {u">}", u'`'},
+        {u"|\u00a2\u00c6", u'h'},
+        {u"\u00a1", u'y'},
+        {u"_\u00a5", u'j'},
+        {MarkPlaces::insideLambe, u'j'},
+    }};
+    for (const auto &[marks, support] : others)
+        if (QStringView(marks).contains(mark))
+            return QChar(support);
+    return QString();
+}
+
+void drawSign(QPainter &painter, double x, double y, int code)
+{
+    QString text = QStringDecoder("windows-1252").decode(QByteArray(1, static_cast<char>(code)));
+    label(painter, x, y - 50, QString::number(code, 16).toUpper());
+    if (!QRawFont::fromFont(tengwar(signSize)).supportsCharacter(text.front()))
+        return;
+    label(painter, x + 24, y - 50, text);
+    // Layout hides the soft hyphen; its sign stands at a second character too.
+    if (code == 0xad)
+        text = QStringLiteral("\u20ac");
+    const QString support = supportOf(text.front());
+    sign(painter, x + 6, y, signSize, support, supportColour);
+    const double advance = QFontMetricsF(tengwar(signSize)).horizontalAdvance(support);
+    sign(painter, x + 6 + advance, y, signSize, text);
 }
 
 void drawSigns(QPainter &painter)
@@ -88,22 +115,11 @@ void drawSigns(QPainter &painter)
     label(painter, margin, 50, QStringLiteral("Tengwar Quillon: the signs and their codes"), 22);
     constexpr int columns = 14;
     constexpr double cell = (pageWidth - 2.0 * margin) / columns;
-    constexpr double rowHeight = 98;
+    constexpr double rowHeight = 102;
     for (int code = 0x20; code <= 0xff; ++code) {
-        const QByteArray byte(1, static_cast<char>(code));
-        QString text = QStringDecoder("windows-1252").decode(byte);
-        // Layout hides the soft hyphen; its sign stands at a second character too.
-        if (code == 0xad)
-            text = QStringLiteral("\u20ac");
-        const double x = margin + cell * ((code - 0x20) % columns);
-        const double y = 130 + rowHeight * ((code - 0x20) / columns);
-        label(painter, x, y - 50, QString::number(code, 16).toUpper() + QLatin1Char(' ') + text);
-        const QString support = supportOf(text.front());
-        if (!support.isEmpty())
-            sign(painter, x + 6, y, 42, support, supportColour);
-        painter.setFont(tengwar(42));
-        const double advance = QFontMetricsF(painter.font()).horizontalAdvance(support);
-        sign(painter, x + 6 + advance, y, 42, text);
+        const int index = code - 0x20;
+        drawSign(painter, margin + cell * (index % columns), 130 + rowHeight * (index / columns),
+                 code);
     }
 }
 
@@ -119,14 +135,15 @@ void drawGrid(QPainter &painter, const QString &title, QStringView letters, cons
     for (const QChar letter : letters) {
         double x = margin;
         for (const auto &mark : columns) {
-            sign(painter, x, y, 42, letter + mark(letter));
+            sign(painter, x, y, signSize, letter + mark(letter));
             x += cell;
         }
         y += rowHeight;
     }
 }
 
-std::function<QString(QChar)> placed(const MarkPlaces::Tehta &tehta, const std::array<MarkPlaces::Place, 4> &places)
+std::function<QString(QChar)> placed(const MarkPlaces::Tehta &tehta,
+                                     const std::array<MarkPlaces::Place, 4> &places)
 {
     return [&tehta, &places](QChar letter) {
         for (size_t place = 0; place < places.size(); ++place)
@@ -136,16 +153,21 @@ std::function<QString(QChar)> placed(const MarkPlaces::Tehta &tehta, const std::
     };
 }
 
+std::function<QString(QChar)> placed(const MarkPlaces::Bar &bar)
+{
+    return [&bar](QChar letter) {
+        return QString(
+            QChar(QStringView(MarkPlaces::doubled).contains(letter) ? bar.wide : bar.single));
+    };
+}
+
 Columns columnsAbove()
 {
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
         columns.push_back(placed(tehta, MarkPlaces::above));
-    for (const MarkPlaces::Bar &bar : MarkPlaces::bars)
-        if (&bar - MarkPlaces::bars.data() < 2 || (&bar - MarkPlaces::bars.data()) / 2 == 2)
-            columns.push_back([&bar](QChar letter) {
-                return QString(QChar(QStringView(MarkPlaces::doubled).contains(letter) ? bar.wide : bar.single));
-            });
+    for (const size_t bar : {0, 1, 4, 5})
+        columns.push_back(placed(MarkPlaces::bars[bar]));
     return columns;
 }
 
@@ -154,20 +176,18 @@ Columns columnsBelow()
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
         columns.push_back(placed(tehta, MarkPlaces::below));
-    for (const MarkPlaces::Bar &bar : MarkPlaces::bars)
-        if ((&bar - MarkPlaces::bars.data()) / 2 == 1 || (&bar - MarkPlaces::bars.data()) / 2 == 3)
-            columns.push_back([&bar](QChar letter) {
-                return QString(QChar(QStringView(MarkPlaces::doubled).contains(letter) ? bar.wide : bar.single));
-            });
+    for (const size_t bar : {2, 3, 6, 7})
+        columns.push_back(placed(MarkPlaces::bars[bar]));
     columns.push_back([](QChar letter) {
-        for (const auto &[letters, hook] : MarkPlaces::hooks)
-            if (QStringView(letters).contains(letter))
-                return QString(QChar(hook));
+        for (const MarkPlaces::Hook &hook : MarkPlaces::hooks)
+            if (QStringView(hook.letters).contains(letter))
+                return QString(QChar(hook.code));
         return QString();
     });
     for (const char16_t inside : MarkPlaces::insideLambe)
         columns.push_back([inside](QChar letter) {
-            return QStringView(MarkPlaces::lambeAndAlda).contains(letter) ? QString(QChar(inside)) : QString();
+            return QStringView(MarkPlaces::lambeAndAlda).contains(letter) ? QString(QChar(inside))
+                                                                          : QString();
         });
     return columns;
 }
@@ -185,21 +205,23 @@ const std::array verses{
 void drawVerses(QPainter &painter)
 {
     label(painter, margin, 50, QStringLiteral("Verses"), 22);
-    double y = 80;
-    for (const int pixels : {12, 14, 16, 20, 24, 32, 48, 64}) {
-        y += 0.6 * pixels;
-        for (size_t verse = 0; verse < (pixels > 40 ? 2 : pixels > 20 ? 3 : verses.size()); ++verse) {
-            y += 1.56 * pixels;
-            sign(painter, margin, y, pixels, QString::fromUtf16(verses[verse]));
-        }
+    double y = 60;
+    const auto line = [&](int pixels, size_t verse, bool bold, bool italic) {
+        const QFont font = tengwar(pixels, bold, italic);
+        painter.setFont(font);
+        painter.setPen(Qt::black);
+        painter.drawText(QPointF(margin, y + QFontMetricsF(font).ascent()),
+                         QString::fromUtf16(verses[verse]));
+        y += QFontMetricsF(font).lineSpacing();
+    };
+    for (const int pixels : {12, 14, 16, 20, 24, 48, 64}) {
+        for (size_t verse = 0; verse < (pixels > 40 ? 2 : pixels > 20 ? 4 : verses.size()); ++verse)
+            line(pixels, verse, false, false);
+        y += 14;
     }
     for (const auto &[bold, italic] : {std::pair{true, false}, {false, true}, {true, true}}) {
-        for (const int pixels : {18, 36}) {
-            y += 1.7 * pixels;
-            painter.setFont(tengwar(pixels, bold, italic));
-            painter.setPen(Qt::black);
-            painter.drawText(QPointF(margin, y), QString::fromUtf16(verses[pixels > 30 ? 2 : 0]));
-        }
+        line(16, 3, bold, italic);
+        line(36, 2, bold, italic);
     }
 }
 
@@ -208,19 +230,21 @@ using Page = std::function<void(QPainter &)>;
 std::vector<Page> pages()
 {
     const QString letters = QStringLiteral("1qaz2wsx3edc4rfv5tgb6yhn!QAZ@WSX7ujm8ik,9ol.]`~\u00bd");
-    const QString others = QStringLiteral("*IK<\u2021\u2022\u2013\u0161\u00ae\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
-                                          "\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
+    const QString others = QStringLiteral(
+        "*IK<\u2021\u2022\u2013\u0161\u00ae\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
+        "\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
     const auto grid = [](const QString &title, const QString &rows, Columns (*columns)()) {
         return [=](QPainter &painter) { drawGrid(painter, title, rows, columns()); };
     };
-    return {drawSigns,
-            grid(QStringLiteral("Letters with marks above, I"), letters.first(24), columnsAbove),
-            grid(QStringLiteral("Letters with marks above, II"), letters.sliced(24), columnsAbove),
-            grid(QStringLiteral("Rare letters and numerals with marks above"), others, columnsAbove),
-            grid(QStringLiteral("Letters with marks below, I"), letters.first(24), columnsBelow),
-            grid(QStringLiteral("Letters with marks below, II"), letters.sliced(24), columnsBelow),
-            grid(QStringLiteral("Rare letters and numerals with marks below"), others, columnsBelow),
-            drawVerses};
+    return {
+        drawSigns,
+        grid(QStringLiteral("Letters with marks above, I"), letters.first(24), columnsAbove),
+        grid(QStringLiteral("Letters with marks above, II"), letters.sliced(24), columnsAbove),
+        grid(QStringLiteral("Rare letters and numerals with marks above"), others, columnsAbove),
+        grid(QStringLiteral("Letters with marks below, I"), letters.first(24), columnsBelow),
+        grid(QStringLiteral("Letters with marks below, II"), letters.sliced(24), columnsBelow),
+        grid(QStringLiteral("Rare letters and numerals with marks below"), others, columnsBelow),
+        drawVerses};
 }
 
 void writePicture(const QString &file, const std::vector<Page> &all)

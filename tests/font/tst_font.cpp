@@ -28,8 +28,9 @@ struct StyleCase
     /// What the advances are multiplied with.
     double stretch;
 };
-constexpr std::array styleCases{StyleCase{"Regular", false, false, 1.0}, StyleCase{"Bold", true, false, 1.06},
-                                StyleCase{"Italic", false, true, 1.0}, StyleCase{"Bold Italic", true, true, 1.06}};
+constexpr std::array styleCases{
+    StyleCase{"Regular", false, false, 1.0}, StyleCase{"Bold", true, false, 1.06},
+    StyleCase{"Italic", false, true, 1.0}, StyleCase{"Bold Italic", true, true, 1.06}};
 
 QFont fontOf(const StyleCase &style)
 {
@@ -44,7 +45,8 @@ QFont fontOf(const StyleCase &style)
 
 QChar characterOf(int code)
 {
-    return QString(QStringDecoder("windows-1252").decode(QByteArray(1, static_cast<char>(code)))).front();
+    return QString(QStringDecoder("windows-1252").decode(QByteArray(1, static_cast<char>(code))))
+        .front();
 }
 
 bool hasSign(int code)
@@ -103,7 +105,8 @@ QString collisions(QStringView letters, QChar mark, const QFont &font)
 QString withoutLetters(QStringView all, QStringView without)
 {
     QString rest;
-    std::copy_if(all.begin(), all.end(), std::back_inserter(rest), [&](QChar c) { return !without.contains(c); });
+    std::copy_if(all.begin(), all.end(), std::back_inserter(rest),
+                 [&](QChar c) { return !without.contains(c); });
     return rest;
 }
 
@@ -188,8 +191,8 @@ void tst_font::stylesOfTheFamily()
 {
     QStringList styles = QFontDatabase::styles(family);
     styles.sort();
-    QCOMPARE(styles, QStringList({QStringLiteral("Bold"), QStringLiteral("Bold Italic"), QStringLiteral("Italic"),
-                                  QStringLiteral("Regular")}));
+    QCOMPARE(styles, QStringList({QStringLiteral("Bold"), QStringLiteral("Bold Italic"),
+                                  QStringLiteral("Italic"), QStringLiteral("Regular")}));
     for (const StyleCase &each : styleCases)
         QCOMPARE(QRawFont::fromFont(fontOf(each)).styleName(), QLatin1String(each.name));
 }
@@ -208,7 +211,8 @@ void tst_font::everySignHasInk()
         const QList<quint32> glyphs = glyphsOf(font, characterOf(code));
         QCOMPARE(glyphs.size(), 1);
         QVERIFY2(glyphs[0] != 0, qPrintable(QString::number(code, 16)));
-        QVERIFY2(font.pathForGlyph(glyphs[0]).isEmpty() == isBlank(code), qPrintable(QString::number(code, 16)));
+        QVERIFY2(font.pathForGlyph(glyphs[0]).isEmpty() == isBlank(code),
+                 qPrintable(QString::number(code, 16)));
     }
 }
 
@@ -216,7 +220,8 @@ void tst_font::unassignedCodesHaveNoSign()
 {
     const QRawFont font = QRawFont::fromFont(fontOf(styleCases[0]));
     for (int code = 0x20; code <= 0xff; ++code)
-        QVERIFY2(font.supportsCharacter(characterOf(code)) == hasSign(code), qPrintable(QString::number(code, 16)));
+        QVERIFY2(font.supportsCharacter(characterOf(code)) == hasSign(code),
+                 qPrintable(QString::number(code, 16)));
 }
 
 void tst_font::marksTakeNoRoom_data()
@@ -229,7 +234,8 @@ void tst_font::marksTakeNoRoom()
     const QRawFont font = QRawFont::fromFont(fontOf(style()));
     for (const QChar mark : allMarks()) {
         const quint32 glyph = glyphsOf(font, mark).front();
-        QVERIFY2(qFuzzyIsNull(font.advancesForGlyphIndexes({glyph}).front().x()), qPrintable(QString(mark)));
+        QVERIFY2(qFuzzyIsNull(font.advancesForGlyphIndexes({glyph}).front().x()),
+                 qPrintable(QString(mark)));
         const QRectF ink = font.pathForGlyph(glyph).boundingRect();
         // A slant carries the high marks to the right.
         QVERIFY2(style().italic ? ink.left() < 0 : ink.right() < 0, qPrintable(QString(mark)));
@@ -245,12 +251,13 @@ void forEachPlacedMark(MarkRow add)
 {
     for (size_t style = 0; style < styleCases.size(); ++style) {
         const auto row = [&](const QString &name, const QString &letters, char16_t mark) {
-            add(qPrintable(QLatin1String(styleCases[style].name) + QStringLiteral(", ") + name), letters, mark,
-                static_cast<int>(style));
+            add(qPrintable(QLatin1String(styleCases[style].name) + QStringLiteral(", ") + name),
+                letters, mark, static_cast<int>(style));
         };
         for (size_t place = 0; place < 4; ++place) {
             const auto name = [&](const char16_t *mark, const MarkPlaces::Place &where) {
-                return QString::fromUtf16(mark) + QStringLiteral(", ") + QString::fromUtf16(where.name);
+                return QString::fromUtf16(mark) + QStringLiteral(", ") +
+                       QString::fromUtf16(where.name);
             };
             for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
                 row(QStringLiteral("above, ") + name(tehta.name, MarkPlaces::above[place]),
@@ -262,10 +269,12 @@ void forEachPlacedMark(MarkRow add)
         const QString doubled = QStringView(MarkPlaces::doubled).toString();
         for (const MarkPlaces::Bar &bar : MarkPlaces::bars) {
             row(QString::fromUtf16(bar.name) + QStringLiteral(", wide"), doubled, bar.wide);
-            row(QString::fromUtf16(bar.name) + QStringLiteral(", single"), withoutLetters(allLetters(), doubled), bar.single);
+            row(QString::fromUtf16(bar.name) + QStringLiteral(", single"),
+                withoutLetters(allLetters(), doubled), bar.single);
         }
         for (const char16_t mark : MarkPlaces::insideLambe)
-            row(QStringLiteral("inside ") + QChar(mark), QStringView(MarkPlaces::lambeAndAlda).toString(), mark);
+            row(QStringLiteral("inside ") + QChar(mark),
+                QStringView(MarkPlaces::lambeAndAlda).toString(), mark);
     }
 }
 
@@ -312,7 +321,11 @@ void tst_font::marksStandOverTheirLetters()
         // Beside the bare stems, whose ink is narrower than a mark, there is no other place.
         const double beside = ink.width() < 260 ? 250 : 60;
         QVERIFY2(middle > ink.left() - 35 && middle < ink.right() + beside,
-                 qPrintable(QStringLiteral("%1: %2 over %3 to %4").arg(letter).arg(middle).arg(ink.left()).arg(ink.right())));
+                 qPrintable(QStringLiteral("%1: %2 over %3 to %4")
+                                .arg(letter)
+                                .arg(middle)
+                                .arg(ink.left())
+                                .arg(ink.right())));
     }
 }
 
@@ -325,7 +338,8 @@ void tst_font::leftHooksJoinTheirBows()
 {
     for (const MarkPlaces::Hook &hook : MarkPlaces::hooks)
         for (const char16_t letter : hook.letters) {
-            const QList<QPainterPath> paths = laidOut(QString(QChar(letter)) + QChar(hook.code), fontOf(style()));
+            const QList<QPainterPath> paths =
+                laidOut(QString(QChar(letter)) + QChar(hook.code), fontOf(style()));
             QCOMPARE(paths.size(), 2);
             QVERIFY2(paths[0].intersects(paths[1]), qPrintable(QString(QChar(letter))));
         }
@@ -371,8 +385,10 @@ void tst_font::linesHoldAllInk()
         for (const QChar mark : {QChar(0xd1), QChar(0xd3)})
             for (const QPainterPath &path : laidOut(QString(letter) + mark, font))
                 ink |= path.boundingRect().translated(0, -QFontMetricsF(font).ascent());
-    QVERIFY2(-ink.top() <= raw.ascent() && -ink.top() > 0.9 * raw.ascent(), qPrintable(QString::number(-ink.top())));
-    QVERIFY2(ink.bottom() <= raw.descent() && ink.bottom() > 0.8 * raw.descent(), qPrintable(QString::number(ink.bottom())));
+    QVERIFY2(-ink.top() <= raw.ascent() && -ink.top() > 0.9 * raw.ascent(),
+             qPrintable(QString::number(-ink.top())));
+    QVERIFY2(ink.bottom() <= raw.descent() && ink.bottom() > 0.8 * raw.descent(),
+             qPrintable(QString::number(ink.bottom())));
 }
 
 void tst_font::softHyphenHasACopy()
@@ -390,8 +406,9 @@ void tst_font::privateUseLettersAreTheSameSigns()
         privateUse += QChar(c);
     for (char16_t c = 0xe070; c <= 0xe07b; ++c)
         privateUse += QChar(c);
-    const QString keys = QString::fromUtf16(u"1qaz2wsx3edc4rfv5tgb6yhn7ujm8ik,9ol.\u00bd`~"
-                                            u"\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
+    const QString keys = QString::fromUtf16(
+        u"1qaz2wsx3edc4rfv5tgb6yhn7ujm8ik,9ol.\u00bd`~"
+        u"\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
     QCOMPARE(glyphsOf(font, privateUse), glyphsOf(font, keys));
 }
 
@@ -403,13 +420,16 @@ void tst_font::privateUseMarksFindTheirLetters_data()
 void tst_font::privateUseMarksFindTheirLetters()
 {
     const QFont font = fontOf(style());
-    // Three dots above and below, acute, dots, curls, bars: over narrow, single and doubled letters.
-    for (const QChar mark : QString::fromUtf16(u"\ue040\ue041\ue042\ue043\ue044\ue045\ue046\ue048\ue04a\ue04c\ue04d"))
+    // Three dots above and below, acute, dots, curls, bars: over narrow, single and doubled
+    // letters.
+    for (const QChar mark :
+         QString::fromUtf16(u"\ue040\ue041\ue042\ue043\ue044\ue045\ue046\ue048\ue04a\ue04c\ue04d"))
         for (char16_t letter = 0xe000; letter <= 0xe026; ++letter) {
             const QList<QPainterPath> paths = laidOut(QString(QChar(letter)) + mark, font);
             QCOMPARE(paths.size(), 2);
             QVERIFY2(!touches(paths[0], paths[1]),
-                     qPrintable(QString::number(letter, 16) + QLatin1Char(' ') + QString::number(mark.unicode(), 16)));
+                     qPrintable(QString::number(letter, 16) + QLatin1Char(' ') +
+                                QString::number(mark.unicode(), 16)));
         }
 }
 

@@ -31,6 +31,12 @@ def tall_turned_lambe(top: float) -> Strokes:
     )
 
 
+def round_quesse() -> Strokes:
+    x = SINGLE - BEARING
+    bowl = curve((x, 318, 124), (x - 176, TOP, 180), (x - 376, MIDDLE - 8, -90), (x - 196, BASE, 0), (x, 160, 55))
+    return moved(stem(TOP, HANGING), x) + (bowl,)
+
+
 def phi(closed: bool) -> Strokes:
     stem_strokes = stem(RAISED, HANGING) + flick(stem_lean(RAISED), RAISED)
     return moved(stem_strokes + open_bow(BOW) + turned(bows(1, closed), 0, MIDDLE), 490)
@@ -68,12 +74,12 @@ def table() -> dict[str, Sign]:
         "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (380,)}),
         "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
         "§": Letter("ahatinco", phi(False), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
-        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 136), 540, exceptions={BAR_ABOVE: (270, 894)}),
+        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 206), 540, exceptions={ABOVE: (256, 806), BAR_ABOVE: (270, 894)}),
         "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
         "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (146,), BAR_ABOVE: (150,)}),
         "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, MEDIUM, MEDIUM, {BAR_BELOW: (290,), BELOW: (150,)}),
         "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (536,), BAR_ABOVE: (104,)}),
-        "Ä": Letter("quesse.alt", primary(3, TOP, HANGING, 1)[0], SINGLE, MEDIUM, WIDE, {BAR_BELOW: (301,)}),
+        "Ä": Letter("quesse.alt", round_quesse(), SINGLE, MEDIUM, WIDE, {BAR_BELOW: (301,)}),
     }
 
 

@@ -39,7 +39,7 @@ LONG_BAR_LENGTH = {WIDE: 600, MEDIUM: 290}
 
 # Dots, bars and strokes are written with the pen of the letters, what bends with a smaller one.
 FINE = 0.72
-FINE_SHAPES = {"rightcurl", "leftcurl", "backcurl", "caron", "circumflex", "wsign", "ring", "doublerightcurl", "doubleleftcurl"}
+FINE_SHAPES = {"rightcurl", "leftcurl", "backcurl", "caron", "circumflex", "wsign", "ring", "doublerightcurl", "doubleleftcurl", "doubleacute"}
 
 
 def pen_of(name: str) -> float:
@@ -135,7 +135,7 @@ TEHTAR_BELOW = {
     "twodots": dots((-58, BELOW_TOP - 14), (58, BELOW_TOP - 14)),
     "threedots": dots((-60, BELOW_TOP - 115), (60, BELOW_TOP - 115), (0, BELOW_TOP)),
     "acute": lowered(acute()),
-    "doubleacute": shrunk(double_acute(), 0.72, BELOW_TOP - 46),
+    "doubleacute": shrunk(double_acute(), 0.84, BELOW_TOP - 60),
     "rightcurl": lowered(right_curl()),
     "leftcurl": lowered(left_curl()),
     "ring": ring(),
@@ -233,10 +233,10 @@ def inside_lambe() -> dict[int, Mark]:
         "´": ("twodots", dots((-58, y), (58, y))),
         "¸": ("bar", bar(180, y)),
         "°": ("tilde", tilde(190, y)),
-        "‚": ("doubleacute", shrunk(double_acute(), 0.7, y)),
+        "‚": ("doubleacute", shrunk(double_acute(), 0.8, y)),
     }
     return {
-        code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, Band.INSIDE)
+        code_of(key): Mark(f"{name}inside", moved(strokes, -INSIDE), 0, -INSIDE, Band.INSIDE, pen=pen_of(name))
         for key, (name, strokes) in table.items()
     }
 
@@ -244,20 +244,62 @@ def inside_lambe() -> dict[int, Mark]:
 def hooks() -> dict[int, Sign]:
     """The s-hooks. Left-hand ones hang under a bow; right-hand ones prolong one and have an advance."""
     left = (curve((0, BASE, -150), (-62, -52, -118), (-34, -132, -10), (36, -92, 55)),)
-    start = (-280, BASE, 0)
+    foot = (-280, BASE, 0)
+    bowl = (-250, -222, 4)
+
+    def loop(start: tuple[float, ...], rise: float) -> Strokes:
+        """A flourish that rises to the right, turns back and comes down to the left."""
+        x, y = 10, rise
+        return (
+            curve(
+                start,
+                (x - 60, y + BASE + 8, 16),
+                (x + 160, y + 196, 74),
+                (x + 116, y + 334, 168),
+                (x + 44, y + 236, -94),
+                (x + 20, y - 60, -104),
+                (x - 110, y - 208, -168),
+                (x - 190, y - 178, 128),
+            ),
+        )
+
     tables = {
         "|": Mark("hookleft", moved(left, -315), 0, -315),
         "}": Mark("hookleft.narrow", moved(left, -150), 0, -150),
-        "+": Sign("hookright", (curve(start, (-60, BASE, -4), (62, -80, -95), (-20, -176, 180), (-78, -140, 110)),), 120),
-        "_": Sign("hookright.lambe", (curve((-196, -130, 60), (0, -40, 40), (92, -120, -95), (4, -232, 180), (-50, -200, 110)),), 140),
-        "¡": Sign("hookright.lifted", (curve((-90, 215, 0), (40, 190, -20), (92, 60, -92), (10, -40, 180), (-40, -10, 110)),), 150),
-        "¢": Sign("hookright.raised", (curve((-120, TOP, 0), (20, TOP - 20, -20), (88, TOP - 140, -95), (10, TOP - 235, 180), (-44, TOP - 200, 110)),), 150),
-        "£": Sign("hookright.looped", (curve(start, (-70, BASE, 0), (150, 150, 50), (216, 250, 90), (168, 262, -135), (60, 0, -108), (-110, -190, -160)),), 250),
-        "¥": Sign("hookright.lambelooped", (curve((-196, -130, 60), (0, -50, 20), (170, 120, 55), (226, 230, 90), (180, 240, -135), (80, -60, -108), (-90, -260, -160)),), 260),
-        "Å": Sign("hookright.upward", (curve(start, (-60, BASE, -2), (70, 60, 55), (96, 150, 88)),), 150),
-        "Æ": Sign("hookright.raisedupward", (curve((-120, TOP, 0), (0, TOP - 6, 5), (82, TOP + 70, 62), (96, TOP + 130, 85)),), 150),
-        "Ç": Sign("hookright.downward", (curve(start, (-60, BASE, -4), (70, -80, -88), (66, -190, -95), (124, -216, 40)),), 160),
-    }  # fmt: skip
+        "+": Sign(
+            "hookright",
+            (curve(foot, (-60, BASE, -4), (66, -76, -95), (-16, -176, 180), (-76, -138, 110)),),
+            120,
+        ),
+        "_": Sign(
+            "hookright.lambe",
+            (curve(bowl, (-90, -172, 26), (16, -134, -8), (94, -212, -95), (20, -296, 180), (-34, -262, 112)),),
+            140,
+        ),
+        "¡": Sign(
+            "hookright.lifted",
+            (curve((-126, 214, 0), (10, 206, -20), (106, 70, -92), (40, -40, 180), (-10, -8, 112)),),
+            150,
+        ),
+        "¢": Sign(
+            "hookright.raised",
+            (curve((-118, TOP, 0), (10, TOP - 10, -18), (96, TOP - 124, -94), (26, TOP - 222, 180), (-22, TOP - 190, 112)),),
+            150,
+        ),
+        "£": Sign("hookright.looped", loop(foot, 0), 220),
+        "¥": Sign("hookright.lambelooped", loop(bowl, -140), 230),
+        "Å": Sign("hookright.upward", (curve(foot, (-60, BASE, -2), (64, 70, 56), (90, 160, 88)),), 150),
+        "Æ": Sign(
+            "hookright.raisedupward",
+            (curve((-118, TOP, 0), (-10, TOP - 2, 8), (72, TOP + 74, 64), (86, TOP + 140, 86)),),
+            150,
+        ),
+        "Ç": Sign(
+            "hookright.downward",
+            (curve(foot, (-60, BASE, -4), (66, -80, -88), (64, -190, -95), (124, -222, 30)),),
+            160,
+        ),
+    }
     return {code_of(key): sign for key, sign in tables.items()}
 
 
