@@ -20,6 +20,7 @@ sys.path.insert(0, str(Path(__file__).parent))
 
 from tengwar import kerning, metrics, tehtar  # noqa: E402
 from tengwar.metrics import STYLES, Style  # noqa: E402
+from tengwar.outline import draw  # noqa: E402
 from tengwar.repertoire import (  # noqa: E402
     LETTERS_AND_DIGITS,
     SIGNS,
@@ -36,42 +37,6 @@ LICENCE = "MIT License: free to use, change and pass on, with this notice."
 SCRIPTS = (("DFLT", ("dflt",)), ("latn", ("dflt",)))
 # Anchor classes: of the eight-bit table's marks, and of those of the private-use arrangement.
 PLACED, FLOATING = "placed ", "floating "
-
-
-def nib_contour(curves):
-    contour = fontforge.contour()
-    start = curves[-1][2]
-    contour.moveTo(start.real, start.imag)
-    for points in curves:
-        contour.cubicTo(*((p.real, p.imag) for p in points))
-    contour.closed = True
-    return contour
-
-
-def draw(glyph, sign: Sign, style: Style) -> None:
-    pen = glyph.glyphPen()
-    for stroke in sign.strokes:
-        segments = stroke.mapped(style.skeleton).segments
-        pen.moveTo((segments[0][0].real, segments[0][0].imag))
-        for _, leaving, arriving, end in segments:
-            pen.curveTo(*((p.real, p.imag) for p in (leaving, arriving, end)))
-        pen.endPath()
-    pen = None  # closes the drawing
-    size = sign.pen * (style.mark_pen if isinstance(sign, Mark) else 1.0)
-    glyph.stroke("convex", nib_contour(style.pen.nib(size)), removeoverlap="contour")
-    # On whole units no edges lie all but on each other, which is what a union may stumble over.
-    glyph.round()
-    glyph.removeOverlap()
-    ink = glyph.boundingBox()
-    glyph.simplify(0.8, ("setstarttoextremum", "removesingletonpoints"))
-    glyph.addExtrema("only_good_rm")
-    glyph.round()
-    if any(abs(before - after) > 2 for before, after in zip(ink, glyph.boundingBox())):
-        raise RuntimeError(f"The outline of {glyph.glyphname} changed while it was simplified")
-    glyph.canonicalContours()
-    glyph.canonicalStart()
-    glyph.correctDirection()
-    glyph.width = round(sign.advance * style.advance_scale)
 
 
 def glyph_name(sign: Sign) -> str:
