@@ -48,7 +48,7 @@ def primary(series: int, top: float, foot: float, count: int) -> tuple[Strokes, 
         return moved(body + flick(stem_lean(top), top), BEARING), advance
     body = stem(top, foot) + turned(bows(count, closed), 0, MIDDLE)
     if not closed or top == RAISED:
-        body += flick(stem_lean(top), top, 48)
+        body += flick(stem_lean(top), top, 46)
     return moved(body, advance - BEARING), advance
 
 
