@@ -12,10 +12,11 @@ import fontforge
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from tengwar import tehtar  # noqa: E402
+from tengwar.codes import code_of  # noqa: E402
 from tengwar.metrics import REGULAR_PEN, Affine, Pen, Style, fitted  # noqa: E402
 from tengwar.outline import draw  # noqa: E402
-from tengwar.repertoire import SIGNS, anchor, code_of  # noqa: E402
+from tengwar.places import HEIGHTS, anchor  # noqa: E402
+from tengwar.repertoire import SIGNS  # noqa: E402
 from tengwar.sign import Letter, Mark  # noqa: E402
 
 # Quesse alone for small sizes, and "Quillon": quesse with w, lambe with i and doubled, númen with o.
@@ -39,7 +40,7 @@ def ink(text: str, style: Style) -> tuple[str, tuple[float, float, float, float]
         if isinstance(sign, Mark) and isinstance(letter, Letter) and sign.band in letter.exceptions:
             place = anchor(letter, sign.band)
             dx = letter_x + place[0] - sign.middle
-            dy = place[1] - tehtar.BAND_HEIGHTS[sign.band]
+            dy = place[1] - HEIGHTS[sign.band]
         glyph = font.createChar(-1, f"at{x}{character}")
         draw(glyph, sign, style)
         glyph.transform((1, 0, 0, 1, dx * style.advance_scale, dy))

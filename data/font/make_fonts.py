@@ -7,8 +7,10 @@ The same sources give the same bytes.
 
 from __future__ import annotations
 
+import contextlib
 import os
 import sys
+import tempfile
 from pathlib import Path
 
 # The date that the fonts carry (2026-01-01), whenever they are made.
@@ -18,17 +20,12 @@ import fontforge  # noqa: E402  (reads the environment)
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from tengwar import kerning, metrics, tehtar  # noqa: E402
+from tengwar import kerning, metrics  # noqa: E402
+from tengwar.codes import unicode_of  # noqa: E402
 from tengwar.metrics import STYLES, Style  # noqa: E402
 from tengwar.outline import draw  # noqa: E402
-from tengwar.repertoire import (  # noqa: E402
-    LETTERS_AND_DIGITS,
-    SIGNS,
-    anchor,
-    floating_marks,
-    private_codes,
-    unicode_of,
-)
+from tengwar.places import HEIGHTS, anchor  # noqa: E402
+from tengwar.repertoire import CARRYING, SIGNS, floating_marks, private_codes  # noqa: E402
 from tengwar.sign import Band, Mark, Sign  # noqa: E402
 
 FAMILY = "Tengwar Quillon"
@@ -63,14 +60,14 @@ def add_anchors(font, style: Style) -> None:
     def attach_marks(marks, prefix: str) -> None:
         for mark in marks:
             if isinstance(mark, Mark) and mark.band:
-                attach(mark, prefix + mark.band.value, "mark", (mark.middle, tehtar.BAND_HEIGHTS[mark.band]))
+                attach(mark, prefix + mark.band.value, "mark", (mark.middle, HEIGHTS[mark.band]))
 
     font.addLookup("marks", "gpos_mark2base", (), (("mark", SCRIPTS),))
     for prefix in (PLACED, FLOATING):
         for band in Band:
             font.addLookupSubtable("marks", f"marks {prefix}{band.value}")
             font.addAnchorClass(f"marks {prefix}{band.value}", prefix + band.value)
-    for letter in LETTERS_AND_DIGITS.values():
+    for letter in CARRYING:
         for band in Band:
             attach(letter, FLOATING + band.value, "base", anchor(letter, band))
             if band in letter.exceptions:
@@ -167,12 +164,31 @@ def make_font(style: Style, version: str):
     return font
 
 
+@contextlib.contextmanager
+def complaints_are_errors():
+    """FontForge tells of a union of strokes that failed only on the error output of the process."""
+    with tempfile.TemporaryFile() as complaints:
+        kept = os.dup(2)
+        os.dup2(complaints.fileno(), 2)
+        try:
+            yield
+        finally:
+            os.dup2(kept, 2)
+            os.close(kept)
+            complaints.seek(0)
+            text = complaints.read().decode(errors="replace")
+            sys.stderr.write(text)
+    if "Internal Error" in text:
+        raise SystemExit("An outline is broken: let its strokes cross at a wider angle")
+
+
 def main() -> None:
     folder, version = Path(sys.argv[1]), sys.argv[2]
     folder.mkdir(parents=True, exist_ok=True)
-    for style in STYLES:
-        font = make_font(style, version)
-        font.generate(str(folder / f"{font.fontname}.otf"), flags=("opentype", "no-FFTM-table"))
+    with complaints_are_errors():
+        for style in STYLES:
+            font = make_font(style, version)
+            font.generate(str(folder / f"{font.fontname}.otf"), flags=("opentype", "no-FFTM-table"))
 
 
 if __name__ == "__main__":
