@@ -32,6 +32,9 @@ FAMILY = "Tengwar Quillon"
 COPYRIGHT = "Copyright (c) 2026 The Quillon developers"
 LICENCE = "MIT License: free to use, change and pass on, with this notice."
 SCRIPTS = (("DFLT", ("dflt",)), ("latn", ("dflt",)))
+# Fonts with a symbol table have their codes from here on; text written for them shows as well, and
+# the no-break space and the soft hyphen have characters that text engines leave alone.
+SYMBOL_AREA = 0xF000
 # Anchor classes: of the eight-bit table's marks, and of those of the private-use arrangement.
 PLACED, FLOATING = "placed ", "floating "
 
@@ -155,7 +158,7 @@ def make_font(style: Style, version: str):
     add_notdef(font)
     private = private_codes()
     for code, sign in sorted(SIGNS.items()):
-        add_sign(font, style, unicode_of(code), sign, private.get(code, ()))
+        add_sign(font, style, unicode_of(code), sign, [*private.get(code, ()), SYMBOL_AREA + code])
     for character, mark in floating_marks().items():
         add_sign(font, style, character, mark)
     add_anchors(font, style)

@@ -101,9 +101,9 @@ void drawSign(QPainter &painter, double x, double y, int code)
     if (!QRawFont::fromFont(tengwar(signSize)).supportsCharacter(text.front()))
         return;
     label(painter, x + 24, y - 50, text);
-    // Layout hides the soft hyphen; its sign stands at a second character too.
+    // Layout hides the soft hyphen; its sign stands among the symbols too.
     if (code == 0xad)
-        text = QStringLiteral("\u20ac");
+        text = QStringLiteral("\uf0ad");
     const QString support = supportOf(text.front());
     sign(painter, x + 6, y, signSize, support, supportColour);
     const double advance = QFontMetricsF(tengwar(signSize)).horizontalAdvance(support);
