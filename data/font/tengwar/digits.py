@@ -6,7 +6,20 @@ from .geometry import curve
 from .letters import esse, silme
 from .metrics import BASE, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, closed_bow, flick, foot_stroke, mirrored, moved, stem_lean
-from .sign import ABOVE, BAR_ABOVE, BAR_BELOW, BELOW, MEDIUM, STEM, WIDE, Letter, Strokes
+from .sign import (
+    ABOVE,
+    BAR_ABOVE,
+    BAR_BELOW,
+    BAR_FAR,
+    BAR_HIGH,
+    BELOW,
+    MEDIUM,
+    STEM,
+    WIDE,
+    Exceptions,
+    Letter,
+    Strokes,
+)
 
 # From one bow under a cross stroke to the next, and how deep the hooks of the stems hang.
 STEP = 310
@@ -58,19 +71,23 @@ def hook_with_bows(count: int) -> Strokes:
     return stem_hooked_left(210) + moved(bows, 210)
 
 
+def over_middle(x: float) -> Exceptions:
+    return {band: (x,) for band in (ABOVE, BELOW, BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR)}
+
+
 def table() -> tuple[Letter, ...]:
-    beside_four = {ABOVE: (356,), BELOW: (230, -428), BAR_ABOVE: (330,), BAR_BELOW: (330,)}
+    beside_four = {ABOVE: (356,), BELOW: (230, -424), BAR_ABOVE: (330,), BAR_BELOW: (330,)}
     beside_five = {ABOVE: (372,), BELOW: (506,), BAR_ABOVE: (362,), BAR_BELOW: (390,)}
     beside_six = {BELOW: (512,), BAR_ABOVE: (496,), BAR_BELOW: (504,)}
-    beside_seven = {ABOVE: (122,), BELOW: (268, -428), BAR_ABOVE: (160,), BAR_BELOW: (160,)}
+    beside_seven = {ABOVE: (122,), BELOW: (268, -424), BAR_ABOVE: (160,), BAR_BELOW: (160,)}
     beside_eight = {ABOVE: (424,), BAR_ABOVE: (416,), BAR_BELOW: (416,)}
     beside_neck = {ABOVE: (530,), BAR_ABOVE: (108,)}
     under_bowl = {BELOW: (310, -300), BAR_BELOW: (310, -280)}
     return (
         Letter("zero", zero(), 540, MEDIUM, MEDIUM),
         Letter("one", bows_alone(1), 500, MEDIUM, MEDIUM),
-        Letter("two", bows_alone(2), 810, WIDE, WIDE),
-        Letter("three", bows_alone(3), 1120, WIDE, WIDE),
+        Letter("two", bows_alone(2), 810, WIDE, WIDE, over_middle(390)),
+        Letter("three", bows_alone(3), 1120, WIDE, WIDE, over_middle(545)),
         Letter("four", stem_hooked_right(130), 480, STEM, MEDIUM, beside_four),
         Letter("five", stem_with_bows(1), 620, MEDIUM, WIDE, beside_five),
         Letter("six", stem_with_bows(2), 930, WIDE, WIDE, beside_six),

@@ -189,10 +189,20 @@ def alda() -> Strokes:
     )
 
 
-def hwesta_sindarinwa(foot_from: float, foot_to: float) -> Strokes:
-    bowl = curve((430, 318, 124), (262, TOP, 180), (78, MIDDLE - 8, -90), (240, BASE, 0), (430, 160, 55))
-    foot = curve((foot_from, BASE, 0), ((foot_from + foot_to) / 2, BASE - 2, 0), (foot_to, BASE + 14, 24))
-    return flick(430 + stem_lean(RAISED), RAISED, 48) + moved(stem(RAISED, BASE), 430) + (bowl, foot)
+def d_shape(lift: float = 0) -> Strokes:
+    """A raised stem with a round bow at its left, whose bottom is lifted from the baseline."""
+    bowl = curve(
+        (430, 318, 124),
+        (262, TOP, 180),
+        (78, MIDDLE - 8 + lift / 2, -90),
+        (240, BASE + lift, 0),
+        (430, 160 + lift / 2, 55),
+    )
+    return moved(flick(stem_lean(RAISED), RAISED, 48) + stem(RAISED, BASE), 430) + (bowl,)
+
+
+def hwesta_sindarinwa() -> Strokes:
+    return d_shape() + (curve((430, BASE, 0), (535, BASE - 2, 0), (640, BASE + 14, 24)),)
 
 
 def carrier(name: str, top: float, foot: float, exceptions: Exceptions) -> Letter:
@@ -222,12 +232,12 @@ def others() -> dict[int, Letter]:
         "k": Letter("esse", esse(), 610, WIDE, MEDIUM, under_neck | under_bowl),
         ",": Letter("essenuquerna", esse_nuquerna(), 610, MEDIUM, MEDIUM, beside_bowl),
         "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 610, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
-        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, beside_stem_at_right),
+        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(), 690, WIDE, MEDIUM, beside_stem_at_right),
         "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 560),
         ".": Letter("ure", round_o(280, 384), 570),
         "]": Letter("osse", osse(), 550),
         "`": carrier("telco", TOP, BASE, {}),
-        "~": carrier("ara", TOP, HANGING, {BELOW: (320,), BAR_BELOW: (350,)}),
+        "~": carrier("ara", TOP, HANGING, {BELOW: (330,), BAR_BELOW: (350,)}),
         # Over a stem that reaches the height of the marks itself, they stand beside it.
         "½": carrier("halla", RAISED, BASE, {ABOVE: (350,), BAR_ABOVE: (350,)}),
     }

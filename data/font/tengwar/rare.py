@@ -4,7 +4,7 @@ from __future__ import annotations
 
 from .codes import by_code
 from .geometry import Stroke, curve
-from .letters import BEARING, DOUBLE, SINGLE, hwesta_sindarinwa, osse, primary, romen
+from .letters import BEARING, DOUBLE, SINGLE, d_shape, osse, primary, romen
 from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
 from .parts import BOW, INNER_BOW, bows, flick, mirrored, moved, open_bow, stem, stem_lean, turned
 from .sign import ABOVE, BAR_ABOVE, BAR_BELOW, BELOW, MEDIUM, NARROW, STEM, WIDE, Letter, Sign, Strokes
@@ -50,6 +50,11 @@ def round_quesse() -> Strokes:
 
 def headed_stem(foot: float) -> Strokes:
     return flick(stem_lean(RAISED), RAISED) + stem(RAISED, foot)
+
+
+def hwesta_turned_foot() -> Strokes:
+    """Hwesta sindarinwa with its foot to the left, under the bow."""
+    return d_shape(lift=74) + (curve((430, BASE, 180), (220, BASE + 2, 180), (36, BASE - 12, -156)),)
 
 
 def with_tinco(closed: bool) -> Strokes:
@@ -105,7 +110,7 @@ def table() -> dict[str, Sign]:
         "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, neck),
         "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW, tail),
         "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, epsilon_exceptions),
-        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, raised_right),
+        "<": Letter("hwestasindarinwa.alt", hwesta_turned_foot(), 600, WIDE, MEDIUM, raised_right),
         "‡": Letter("osse.hook", osse() + OSSE_HOOK, 540, exceptions={BELOW: (270, -306), BAR_BELOW: (270, -292)}),
         "•": Letter("harp", harp(), 560, STEM, STEM, beside_harp),
         "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (465, 894)}),

@@ -63,10 +63,10 @@ LEFT_CURL = fine(*mirrored(RIGHT_CURL.strokes, 0))
 RING_HALF = curve((0, BELOW_TOP + 8, 180), (-58, BELOW_TOP - 54, -90), (0, BELOW_TOP - 116, 0))
 
 SHAPES_ABOVE = {
-    "threedots": dots((-60, FOOT), (60, FOOT), (0, TOP - 15)),
-    "threedotsinverted": dots((-60, TOP - 15), (60, TOP - 15), (0, FOOT)),
+    "threedots": dots((-67, FOOT), (67, FOOT), (0, TOP - 6)),
+    "threedotsinverted": dots((-67, TOP - 6), (67, TOP - 6), (0, FOOT)),
     "dot": dots((0, CENTRE - 20)),
-    "twodots": dots((-58, CENTRE - 20), (58, CENTRE - 20)),
+    "twodots": dots((-62, CENTRE - 20), (62, CENTRE - 20)),
     "acute": Tehta((ACUTE,)),
     "rightcurl": RIGHT_CURL,
     "leftcurl": LEFT_CURL,
@@ -79,8 +79,8 @@ SHAPES_ABOVE = {
 }
 SHAPES_BELOW = {
     "dot": dots((0, BELOW_TOP - 14)),
-    "twodots": dots((-58, BELOW_TOP - 14), (58, BELOW_TOP - 14)),
-    "threedots": dots((-60, BELOW_TOP - 115), (60, BELOW_TOP - 115), (0, BELOW_TOP)),
+    "twodots": dots((-62, BELOW_TOP - 14), (62, BELOW_TOP - 14)),
+    "threedots": dots((-67, BELOW_TOP - 122), (67, BELOW_TOP - 122), (0, BELOW_TOP)),
     "acute": Tehta((ACUTE,)).lowered(),
     "doubleacute": DOUBLE_ACUTE.scaled_about(0.84, BELOW_TOP - 60),
     "rightcurl": RIGHT_CURL.lowered(),
