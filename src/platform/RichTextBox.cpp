@@ -33,10 +33,10 @@ bool isTyping(const QKeyEvent &event)
 /// Key combinations with which the control itself deletes words and lines, or pastes.
 bool isEditingKey(const QKeyEvent &event)
 {
-    constexpr std::array Keys = {QKeySequence::Cut, QKeySequence::Paste,
+    constexpr std::array keys = {QKeySequence::Cut, QKeySequence::Paste,
                                  QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
                                  QKeySequence::DeleteEndOfLine};
-    return std::any_of(Keys.begin(), Keys.end(),
+    return std::any_of(keys.begin(), keys.end(),
                        [&](QKeySequence::StandardKey key) { return event.matches(key); });
 }
 
