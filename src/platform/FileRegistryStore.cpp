@@ -139,8 +139,10 @@ bool FileRegistryStore::setValue(const RegistryKey &key, const QString &name,
         return false;
     bool isSet = false;
     const bool isWritten = update(userFile_, [&](RegistryText &text) {
-        isSet = text.value(key.path, name) == value || text.setValue(key.path, name, value);
-        return isSet;
+        const bool isEqual = text.value(key.path, name) == value;
+        const bool isChanged = !isEqual && text.setValue(key.path, name, value);
+        isSet = isEqual || isChanged;
+        return isChanged;
     });
     return isSet && isWritten;
 }

@@ -1,5 +1,7 @@
 #include "platform/RegistryFunctions.h"
 
+#include <utility>
+
 namespace {
 
 constexpr qint32 success = 0;
@@ -14,6 +16,15 @@ QString textForm(const QVariant &value)
     if (value.typeId() == QMetaType::Bool)
         return value.toBool() ? QStringLiteral("True") : QStringLiteral("False");
     return value.toString();
+}
+
+/// The value as an integer; none if it is none or out of range.
+std::optional<qint32> integerForm(const QVariant &value)
+{
+    bool isInteger = false;
+    const qint64 integer = value.toLongLong(&isInteger);
+    return isInteger && std::in_range<qint32>(integer) ? std::optional(qint32(integer))
+                                                       : std::nullopt;
 }
 
 } // namespace
@@ -57,11 +68,10 @@ qint32 RegistryFunctions::SetValueByType(const RegistryKey &key, const QString &
         return store_.setValue(key, valueName, textForm(value)) ? success : writeFault;
     if (type != RegistryType::Integer)
         return success;
-    bool isInteger = false;
-    const qint32 integer = value.toInt(&isInteger);
-    if (!isInteger)
+    const std::optional<qint32> integer = integerForm(value);
+    if (!integer)
         return invalidValue;
-    return store_.setValue(key, valueName, integer) ? success : writeFault;
+    return store_.setValue(key, valueName, *integer) ? success : writeFault;
 }
 
 qint32 RegistryFunctions::QueryValueByType(const RegistryKey &key, const QString &valueName,

@@ -94,7 +94,7 @@ void tst_RichTextBoxInput::keysAnnounceChanges_data()
         QTest::newRow(name) << keys << reasons << QString(start + u"\r\nthree four"_qs);
     };
     row("letter", {Qt::Key_X}, {typing}, u"one xtwo"_qs);
-    row("capital", {Qt::SHIFT | Qt::Key_X}, {typing}, u"one Xtwo"_qs);
+    row("letter with Shift", {Qt::SHIFT | Qt::Key_X}, {typing}, u"one xtwo"_qs);
     row("keypad digit", {Qt::KeypadModifier | Qt::Key_1}, {typing}, u"one 1two"_qs);
     row("tab", {Qt::Key_Tab}, {typing}, u"one \ttwo"_qs);
     row("Enter", {Qt::Key_Return}, {typing}, u"one \r\ntwo"_qs);
