@@ -1,0 +1,48 @@
+#include "cli/CommandLine.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <cstdio>
+
+std::optional<int> parseCommandLine(QCommandLineParser &parser, const QStringList &arguments)
+{
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QStringLiteral("Show this help."));
+    parser.addOption(help);
+    if (!parser.parse(arguments))
+        return wrongUsage(parser.errorText());
+    if (parser.isSet(help)) {
+        // Qt names the program only; the command belongs to the usage line as well.
+        QString text = parser.helpText();
+        print(text.replace(QStringLiteral("Usage: ") + QCoreApplication::arguments().constFirst(),
+                           QStringLiteral("Usage: quillon-cli ") + arguments.constFirst()));
+        return ExitSuccess;
+    }
+    return std::nullopt;
+}
+
+int wrongUsage(const QString &problem)
+{
+    complain(problem + QStringLiteral(" (--help shows what is possible)"));
+    return ExitWrongUsage;
+}
+
+void complain(const QString &message)
+{
+    const QByteArray line = "quillon-cli: " + message.toUtf8() + '\n';
+    std::fwrite(line.constData(), 1, static_cast<size_t>(line.size()), stderr);
+}
+
+void print(const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    const auto length = static_cast<size_t>(bytes.size());
+    if (std::fwrite(bytes.constData(), 1, length, stdout) != length || std::fflush(stdout) != 0)
+        throw CommandFailure{QStringLiteral("the output cannot be written")};
+}
+
+QString defaultModesFolder()
+{
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Modes"));
+}

@@ -1,0 +1,69 @@
+#include "Version.h"
+#include "cli/CommandLine.h"
+#include "cli/TranscribeCommand.h"
+#include "engine/RuntimeError.h"
+
+#include <QCoreApplication>
+#include <array>
+
+namespace {
+
+struct Command
+{
+    const char *name;
+    const char *summary;
+    /// Takes the arguments from the command's own name on; returns an exit status.
+    int (*run)(const QStringList &arguments);
+};
+
+constexpr std::array commands = {
+    Command{"transcribe", "transcribe English or Elvish text by a mode", transcribe},
+};
+
+QString usage()
+{
+    QString text = QStringLiteral("Usage: quillon-cli COMMAND [OPTIONS] [FILE...]\n"
+                                  "       quillon-cli COMMAND --help\n"
+                                  "       quillon-cli --version\n\nCommands:\n");
+    for (const Command &command : commands)
+        text += QStringLiteral("  %1%2\n")
+                    .arg(QLatin1String(command.name), -14)
+                    .arg(QLatin1String(command.summary));
+    return text;
+}
+
+int run(const QStringList &arguments)
+{
+    const QString name = arguments.value(0);
+    for (const Command &command : commands) {
+        if (name == QLatin1String(command.name))
+            return command.run(arguments);
+    }
+    if (name == u"--help" || name == u"-h") {
+        print(usage());
+        return ExitSuccess;
+    }
+    if (name == u"--version" || name == u"-v") {
+        print(QStringLiteral("quillon-cli " QUILLON_VERSION "\n"));
+        return ExitSuccess;
+    }
+    return wrongUsage(name.isEmpty() ? QStringLiteral("no command given")
+                                     : QStringLiteral("unknown command '%1'").arg(name));
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    try {
+        return run(QCoreApplication::arguments().sliced(1));
+    } catch (const CommandFailure &failure) {
+        complain(failure.message);
+    } catch (const RuntimeError &error) {
+        complain(QString::fromUtf8(error.what()));
+    } catch (const std::bad_alloc &) {
+        complain(errorDescription(ErrorNumber::OutOfMemory));
+    }
+    return ExitFailure;
+}
