@@ -1,93 +1,80 @@
 #include "cli/RtfCommands.h"
 
+#include "cli/CommandLine.h"
 #include "rtf/RtfReader.h"
 #include "rtf/RtfWriter.h"
+
 #include <QFile>
 #include <QSaveFile>
-#include <QStringList>
 #include <QTextDocument>
-#include <cstdio>
 
 namespace {
 
-enum ExitStatus { Success = 0, Failure = 1, WrongUsage = 2 };
-
-void complain(const QString &text)
+CommandFailure failure(const QFileDevice &file)
 {
-    std::fputs((text + u'\n').toLocal8Bit().constData(), stderr);
+    return {QStringLiteral("%1: %2").arg(file.fileName(), file.errorString())};
 }
 
-int usage(const char *line)
+CommandFailure failure(const QString &name, const RtfError &error)
 {
-    complain(QStringLiteral("Usage: quillon-cli ") + QLatin1StringView(line));
-    return WrongUsage;
+    const QString what = error.what == RtfError::What::NotRtf
+                             ? QStringLiteral("not RTF")
+                             : QStringLiteral("more than a document may hold");
+    return {QStringLiteral("%1: %2 at byte %3").arg(name, what).arg(error.byteOffset)};
 }
 
-QString wording(RtfError::What what)
+QByteArray bytesOf(const QString &name)
 {
-    switch (what) {
-    case RtfError::What::NotRtf:
-        return QStringLiteral("not an RTF file");
-    case RtfError::What::TooLarge:
-        return QStringLiteral("the document is too large");
-    case RtfError::What::ReadFailed:
-        break;
-    }
-    return QStringLiteral("the file can't be read");
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        throw failure(file);
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw failure(file);
+    return bytes;
 }
 
-int fail(const QString &path, const RtfError &error)
+void replaceFile(const QString &name, const QByteArray &bytes)
 {
-    complain(
-        QStringLiteral("%1: byte %2: %3").arg(path).arg(error.byteOffset).arg(wording(error.what)));
-    return Failure;
-}
-
-int fail(const QString &path, const QFileDevice &file)
-{
-    complain(path + QStringLiteral(": ") + file.errorString());
-    return Failure;
-}
-
-/// The file's bytes, empty and with the file's error set if they can't be read.
-QByteArray readAll(QFile &file)
-{
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    QSaveFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw failure(file);
 }
 
 } // namespace
 
 int rtf2text(const QStringList &arguments)
 {
-    if (arguments.size() != 1)
-        return usage("rtf2text FILE.rtf");
-    QFile file(arguments[0]);
-    const QByteArray bytes = readAll(file);
-    if (file.error() != QFileDevice::NoError)
-        return fail(arguments[0], file);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Prints the text of an RTF file as UTF-8."));
+    parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("The RTF file."));
+    if (const auto status = parseCommandLine(parser, arguments))
+        return *status;
+    const QStringList names = parser.positionalArguments();
+    if (names.size() != 1)
+        return wrongUsage(QStringLiteral("rtf2text takes one file"));
     QString text;
-    if (const auto error = readRtfText(bytes, text))
-        return fail(arguments[0], *error);
-    text.append(u'\n');
-    QFile out;
-    const bool written =
-        out.open(stdout, QIODevice::WriteOnly) && out.write(text.toUtf8()) >= 0 && out.flush();
-    return written ? Success : fail(QStringLiteral("standard output"), out);
+    if (const auto error = readRtfText(bytesOf(names[0]), text))
+        throw failure(names[0], *error);
+    print(text + u'\n');
+    return ExitSuccess;
 }
 
 int rtf2rtf(const QStringList &arguments)
 {
-    if (arguments.size() != 2)
-        return usage("rtf2rtf IN OUT");
-    QFile file(arguments[0]);
-    const QByteArray bytes = readAll(file);
-    if (file.error() != QFileDevice::NoError)
-        return fail(arguments[0], file);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Reads an RTF file and writes it as Quillon itself would."));
+    parser.addPositionalArgument(QStringLiteral("IN"), QStringLiteral("The file to be read."));
+    parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("The file to be written."));
+    if (const auto status = parseCommandLine(parser, arguments))
+        return *status;
+    const QStringList names = parser.positionalArguments();
+    if (names.size() != 2)
+        return wrongUsage(QStringLiteral("rtf2rtf takes two files"));
     QTextDocument document;
-    if (const auto error = readRtf(bytes, document))
-        return fail(arguments[0], *error);
-    QSaveFile out(arguments[1]);
-    const bool written =
-        out.open(QIODevice::WriteOnly) && out.write(writeRtf(document)) >= 0 && out.commit();
-    return written ? Success : fail(arguments[1], out);
+    if (const auto error = readRtf(bytesOf(names[0]), document))
+        throw failure(names[0], *error);
+    replaceFile(names[1], writeRtf(document));
+    return ExitSuccess;
 }

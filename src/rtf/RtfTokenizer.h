@@ -21,7 +21,7 @@ struct RtfToken
     bool hasParameter = false;
     uchar byte = 0;
     int parameter = 0;     ///< clamped to 32 bits
-    std::string_view text; ///< of Text its bytes, of Word its letters
+    std::string_view text = {}; ///< of Text its bytes, of Word its letters
 };
 
 /// Cuts bytes into RTF tokens. It knows no control words except \bin, whose data may hold anything,
