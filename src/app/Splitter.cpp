@@ -20,8 +20,7 @@ void Splitter::mousePressEvent(QMouseEvent *event)
     constexpr int Shorter = 20; // twips
     barLeft_ = left_;
     grabbedAt_ = event->position().toPoint().x();
-    bar_.setGeometry(x(), y(), width(),
-                     height() - toPixels(Shorter, twipsPerPixelY(*this)));
+    bar_.setGeometry(x(), y(), width(), height() - toPixels(Shorter, twipsPerPixelY(*this)));
     bar_.show();
     bar_.raise();
     dragging_ = true;
