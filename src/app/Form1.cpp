@@ -19,6 +19,7 @@
 
 #include <QCloseEvent>
 #include <QLabel>
+#include <QLayout>
 #include <QMenuBar>
 #include <QScreen>
 
@@ -103,6 +104,7 @@ void Form1::MoveControls()
 {
     if (isMinimized())
         return;
+    layout()->activate(); // a window not yet shown hasn't given its inner area a size
     WindowMeasures measures = measure(controls_, *centralWidget());
     if (waitingSplit_) {
         measures.split = *waitingSplit_;

@@ -8,8 +8,6 @@
 
 namespace {
 
-constexpr int BarWidth = 6; ///< of imgRuler, in pixels
-
 void place(QWidget &control, const ControlBox &box)
 {
     const double perPixelX = twipsPerPixelX(control);
@@ -45,7 +43,7 @@ WindowMeasures measure(const FormControls &controls, const QWidget &inner)
         .statusBar = toTwips(shownHeight(*controls.StatusBar1), perPixelY),
         .caption = toTwips(caption, perPixelY),
         .split = controls.imgRuler->Left(),
-        .bar = toTwips(BarWidth, perPixelX),
+        .bar = toTwips(controls.imgRuler->width(), perPixelX),
     };
 }
 

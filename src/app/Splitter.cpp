@@ -9,6 +9,8 @@
 
 Splitter::Splitter(QWidget &bar, QWidget *parent) : QWidget(parent), bar_(bar)
 {
+    constexpr int Width = 6; // pixels
+    setFixedWidth(Width);
     setCursor(Qt::SplitHCursor);
     bar_.hide();
 }
