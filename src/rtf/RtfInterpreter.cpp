@@ -72,7 +72,9 @@ void RtfInterpreter::take(const RtfToken &token)
         symbol(token.byte);
         break;
     case RtfToken::Kind::HexByte:
-        if (!isFallback() && token.hasParameter)
+        if (isFallback())
+            fallbackLeft_ += token.hasParameter ? 0 : token.parameter; // its second digit's place
+        else if (token.hasParameter)
             textByte(token.byte);
         break;
     case RtfToken::Kind::Text:
@@ -142,6 +144,9 @@ void RtfInterpreter::skipGroup()
 
 bool RtfInterpreter::readsText() const
 {
+    const bool beforeDocument = outer_.empty(); // only a byte order mark and white space are there
+    if (beforeDocument)
+        return false;
     switch (group_.destination) {
     case RtfDestination::Body:
     case RtfDestination::Label:
