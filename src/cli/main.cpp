@@ -1,5 +1,6 @@
 #include "Version.h"
 #include "cli/CommandLine.h"
+#include "cli/ModeCommands.h"
 #include "cli/TranscribeCommand.h"
 #include "engine/RuntimeError.h"
 
@@ -18,6 +19,7 @@ struct Command
 
 constexpr std::array commands = {
     Command{"transcribe", "transcribe English or Elvish text by a mode", transcribe},
+    Command{"mode", "pack, unpack, list and check modes", mode},
 };
 
 QString usage()
