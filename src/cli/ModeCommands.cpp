@@ -43,8 +43,8 @@ std::optional<int> parseFiles(QCommandLineParser &parser, const QStringList &arg
         return status;
     if (parser.positionalArguments().size() != files.size())
         return wrongUsage(QStringLiteral("mode %1 takes %2")
-                              .arg(arguments.first(), files.isEmpty() ? QStringLiteral("no file")
-                                                                      : files.join(u' ')));
+                              .arg(arguments.first(),
+                                   files.isEmpty() ? QStringLiteral("no file") : files.join(u' ')));
     return std::nullopt;
 }
 
@@ -52,8 +52,8 @@ int pack(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Makes a mode file of a mode source."));
-    if (const auto status = parseFiles(
-            parser, arguments, {QStringLiteral("SOURCE"), QStringLiteral("OUT.mod")}))
+    if (const auto status =
+            parseFiles(parser, arguments, {QStringLiteral("SOURCE"), QStringLiteral("OUT.mod")}))
         return *status;
     const QString name = parser.positionalArguments().at(0);
     QStringDecoder decoder(QStringDecoder::Utf8);
@@ -97,8 +97,8 @@ int list(const QStringList &arguments)
     const QStringList names =
         folder.entryList({QStringLiteral("*.mod")}, QDir::Files, QDir::Name | QDir::IgnoreCase);
     for (const QString &name : names)
-        print(QStringLiteral("%1\t%2\n").arg(name.chopped(int(qstrlen(".mod"))),
-                                             readModeComment(folder.filePath(name))));
+        print(QStringLiteral("%1\t%2\n")
+                  .arg(name.chopped(int(qstrlen(".mod"))), readModeComment(folder.filePath(name))));
     return ExitSuccess;
 }
 
@@ -116,11 +116,10 @@ int check(const QStringList &arguments)
         throw CommandFailure{QStringLiteral("there is no mode %1").arg(name)};
     const ModeReport report = checkMode(readFile(name));
     for (const SourceProblem &fault : report.faults)
-        complain(fault.line == 0 ? QStringLiteral("%1: %2").arg(name, fault.message)
-                                 : QStringLiteral("%1: record %2: %3")
-                                       .arg(name)
-                                       .arg(fault.line)
-                                       .arg(fault.message));
+        complain(
+            fault.line == 0
+                ? QStringLiteral("%1: %2").arg(name, fault.message)
+                : QStringLiteral("%1: record %2: %3").arg(name).arg(fault.line).arg(fault.message));
     print(QStringLiteral("%1 rules\n").arg(table.ruleCount()));
     if (!report.undefined.isEmpty())
         print(QStringLiteral("undefined: %1\n").arg(fromCodePage(report.undefined)));
@@ -146,8 +145,8 @@ QString usage()
     QString text = QStringLiteral("Usage: quillon-cli mode COMMAND [OPTIONS] [FILE...]\n"
                                   "       quillon-cli mode COMMAND --help\n\nCommands:\n");
     for (const Command &command : commands)
-        text += QStringLiteral("  %1 %2\n").arg(QLatin1String(command.name),
-                                                QLatin1String(command.summary));
+        text += QStringLiteral("  %1 %2\n")
+                    .arg(QLatin1String(command.name), QLatin1String(command.summary));
     return text;
 }
 

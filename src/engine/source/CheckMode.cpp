@@ -106,8 +106,9 @@ QList<SourceProblem> findMisplacedMarks(const std::vector<ModeRecord> &rules)
             const QString fault = MarkJudge(codes).fault(static_cast<uchar>(letter));
             if (fault.isEmpty())
                 continue;
-            faults.append({record.place, QStringLiteral("the rule for %1: %2")
-                                             .arg(quotedSourceText(rule(record).RomanText), fault)});
+            faults.append(
+                {record.place, QStringLiteral("the rule for %1: %2")
+                                   .arg(quotedSourceText(rule(record).RomanText), fault)});
             break;
         }
     }
@@ -134,11 +135,11 @@ ModeReport checkMode(const QByteArray &bytes)
     constexpr int wholeMode = 0;
     constexpr int firstPrintable = 32;
     constexpr int codeCount = 256;
-    const int caseMode = headerCaseMode(bytes.first(qMin<qsizetype>(bytes.size(), RuleRecordLength)));
+    const int caseMode =
+        headerCaseMode(bytes.first(qMin<qsizetype>(bytes.size(), RuleRecordLength)));
     const std::vector<ModeRecord> rules = rulesOf(bytes);
-    ModeReport report{findRuleFaults(rules, caseMode, QStringLiteral("record")) +
-                          findMisplacedMarks(rules),
-                      {}};
+    ModeReport report{
+        findRuleFaults(rules, caseMode, QStringLiteral("record")) + findMisplacedMarks(rules), {}};
     const QByteArray covered = coveredCharacters(rules);
     for (int code = firstPrintable; code < codeCount; ++code) {
         const QChar character(codePageCharacter(static_cast<uchar>(code)));
@@ -146,8 +147,8 @@ ModeReport checkMode(const QByteArray &bytes)
         if (covered.contains(static_cast<char>(code)) || !isMatched)
             continue;
         if (code < 128 && character.isLetter())
-            report.faults.append({wholeMode, QStringLiteral("the letter %1 has no rule of its own")
-                                                 .arg(character)});
+            report.faults.append(
+                {wholeMode, QStringLiteral("the letter %1 has no rule of its own").arg(character)});
         else if (character.isPrint())
             report.undefined += static_cast<char>(code);
     }

@@ -45,9 +45,9 @@ bool isAbove(MarkKind kind)
 
 bool isTold(const KnownForm &known, MarkKind kind)
 {
-    return known.kind == FormKind::Head ? isAbove(kind)
-                                        : kind == MarkKind::Below || kind == MarkKind::DotsBelow ||
-                                              kind == MarkKind::Hook;
+    return known.kind == FormKind::Head
+               ? isAbove(kind)
+               : kind == MarkKind::Below || kind == MarkKind::DotsBelow || kind == MarkKind::Hook;
 }
 
 /// Generates the rules of one line, given the forms that are known so far.
@@ -227,8 +227,9 @@ ExpandedRules expandOnce(const ModeSource &source, KnownForms &forms)
             LineExpander(source, std::get<RuleLine>(statement), forms, result).expand();
         if (result.records.size() > size_t(ModeTable::maximumRules)) {
             const int line = result.records.back().place;
-            result.problems.append({line, QStringLiteral("a mode holds at most %1 rules")
-                                              .arg(ModeTable::maximumRules)});
+            result.problems.append(
+                {line,
+                 QStringLiteral("a mode holds at most %1 rules").arg(ModeTable::maximumRules)});
             break;
         }
     }

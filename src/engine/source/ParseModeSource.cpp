@@ -42,8 +42,8 @@ public:
         for (const QStringView line : QStringView(text).tokenize(u'\n')) {
             ++line_;
             QString problem;
-            const TokenizedLine tokens = tokenizeSourceLine(line.trimmed().isEmpty() ? u"" : line,
-                                                            problem);
+            const TokenizedLine tokens =
+                tokenizeSourceLine(line.trimmed().isEmpty() ? u"" : line, problem);
             if (!problem.isEmpty())
                 fail(problem);
             else if (!tokens.tokens.isEmpty())
@@ -146,9 +146,9 @@ bool Parser::readStatement(const Tokens &tokens)
         void (Parser::*read)(const Tokens &);
     };
     static constexpr Statement statements[] = {
-        {"mode", &Parser::readMode},     {"case", &Parser::readCase},
+        {"mode", &Parser::readMode},       {"case", &Parser::readCase},
         {"padding", &Parser::readPadding}, {"header", &Parser::readHeader},
-        {"table", &Parser::readTable},   {"raw", &Parser::readRaw},
+        {"table", &Parser::readTable},     {"raw", &Parser::readRaw},
         {"unused", &Parser::readUnused},
     };
     if (tokens.first().kind == Kind::Word && tokens.first().text.startsWith('['))
@@ -218,8 +218,8 @@ void Parser::readHeader(const Tokens &tokens)
 
 void Parser::readTable(const Tokens &tokens)
 {
-    const bool isDeclared = tokens.size() >= 2 && tokens.at(0).kind == Kind::Word &&
-                            tokens.at(1).kind == Kind::Colon;
+    const bool isDeclared =
+        tokens.size() >= 2 && tokens.at(0).kind == Kind::Word && tokens.at(1).kind == Kind::Colon;
     if (!isDeclared) {
         fail(QStringLiteral("'table' is followed by a name and ':'"));
         return;
@@ -279,7 +279,8 @@ void Parser::readUnused(const Tokens &tokens)
     bool isNumber = false;
     const int count = tokens.size() == 1 ? tokens.first().text.toInt(&isNumber) : 0;
     if (!isNumber || count < 1 || count > maximumUnused) {
-        fail(QStringLiteral("'unused' is followed by a number of records, 1 to %1").arg(maximumUnused));
+        fail(QStringLiteral("'unused' is followed by a number of records, 1 to %1")
+                 .arg(maximumUnused));
         return;
     }
     const RawRecord record{line_, QByteArray(RuleRecordLength, '\0')};
@@ -350,9 +351,9 @@ std::optional<SourceCondition> Parser::readCondition(const Tokens &tokens, const
     if (tokens.size() == 1 && tokens.first().isWord(boundary))
         return Boundary();
     if (tokens.size() == 1 && tokens.first().kind == Kind::Group)
-        return table(tokens.first().text) ? std::optional<SourceCondition>(
-                                                GroupReference{tokens.first().text})
-                                          : std::nullopt;
+        return table(tokens.first().text)
+                   ? std::optional<SourceCondition>(GroupReference{tokens.first().text})
+                   : std::nullopt;
     if (tokens.size() == 1 && tokens.first().isText() && !tokens.first().text.isEmpty())
         return tokens.first().text;
     fail(isAfter ? QStringLiteral("'after' takes 'start', 'head', 'foot', a tag or a table")
@@ -407,8 +408,7 @@ void Parser::finishHeader()
             (*comment_ + '\t' + QByteArray::number(caseMode_)).leftJustified(RuleRecordLength, ' ');
     else if (comment_ || !isGiven)
         fail(QStringLiteral("a source has either a 'mode' line or a 'header' line"));
-    else if (result_.source.header->size() < RuleRecordLength &&
-             !result_.source.statements.empty())
+    else if (result_.source.header->size() < RuleRecordLength && !result_.source.statements.empty())
         fail(QStringLiteral("only the last record may be shorter than %1 bytes")
                  .arg(RuleRecordLength));
 }

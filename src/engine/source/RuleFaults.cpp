@@ -120,7 +120,8 @@ QString FaultFinder::faultOfShape(const ModeRule &rule) const
 
 QString FaultFinder::faultOfContext(const ModeRule &rule) const
 {
-    const QString never = QStringLiteral("the rule for %1 can never fire: ").arg(shown(rule.RomanText));
+    const QString never =
+        QStringLiteral("the rule for %1 can never fire: ").arg(shown(rule.RomanText));
     if (rule.RomanText.size() > maximumWindow)
         return never + QStringLiteral("it has %1 characters, and at most %2 are compared")
                            .arg(rule.RomanText.size())
@@ -133,12 +134,13 @@ QString FaultFinder::faultOfContext(const ModeRule &rule) const
         return never + QStringLiteral("only one following character is looked at");
     if (!isFolded(rule.FollowingCondition))
         return never + QStringLiteral("the following character is folded to lower case first");
-    const bool waitsForTag = !rule.PrecedingCondition.isEmpty() &&
-                             !isBoundary(rule.PrecedingCondition);
-    const bool isPassedOn = rule.PrecedingCondition.size() == 1 &&
-                            firstCode(rule.PrecedingCondition) < firstNonControl;
+    const bool waitsForTag =
+        !rule.PrecedingCondition.isEmpty() && !isBoundary(rule.PrecedingCondition);
+    const bool isPassedOn =
+        rule.PrecedingCondition.size() == 1 && firstCode(rule.PrecedingCondition) < firstNonControl;
     if (waitsForTag && !isPassedOn && !tags_.contains(rule.PrecedingCondition))
-        return never + QStringLiteral("no rule leaves the tag %1").arg(shown(rule.PrecedingCondition));
+        return never +
+               QStringLiteral("no rule leaves the tag %1").arg(shown(rule.PrecedingCondition));
     return {};
 }
 

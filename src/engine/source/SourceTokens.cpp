@@ -60,7 +60,8 @@ private:
             return {SourceToken::Kind::Arrow, {}};
         }
         const qsizetype start = at_++;
-        while (at_ < line_.size() && !line_.at(at_).isSpace() && !delimiters.contains(line_.at(at_)))
+        while (at_ < line_.size() && !line_.at(at_).isSpace() &&
+               !delimiters.contains(line_.at(at_)))
             ++at_;
         return {SourceToken::Kind::Word, encoded(line_.sliced(start, at_ - start))};
     }
@@ -98,7 +99,8 @@ private:
         case 'x':
             return hexEscape();
         default:
-            problem_ = QStringLiteral("only \\\", \\\\ and \\x with two hexadecimal digits are escapes");
+            problem_ =
+                QStringLiteral("only \\\", \\\\ and \\x with two hexadecimal digits are escapes");
             return {};
         }
     }
@@ -106,8 +108,9 @@ private:
     QByteArray hexEscape()
     {
         bool isNumber = false;
-        const QStringView digits = line_.sliced(qMin(at_, line_.size())).first(
-            qMin<qsizetype>(2, qMax<qsizetype>(line_.size() - at_, 0)));
+        const QStringView digits =
+            line_.sliced(qMin(at_, line_.size()))
+                .first(qMin<qsizetype>(2, qMax<qsizetype>(line_.size() - at_, 0)));
         const uint code = digits.toUInt(&isNumber, 16);
         at_ += digits.size();
         if (!isNumber || digits.size() != 2 || !digits.at(0).isLetterOrNumber())
@@ -154,7 +157,10 @@ QString quotedSourceText(const QByteArray &text)
         if (isPlain(byte))
             quoted += QChar(codePageCharacter(byte));
         else
-            quoted += QStringLiteral("\\x%1").arg(byte, 2, 16, QLatin1Char('0')).toUpper().replace(u'X', u'x');
+            quoted += QStringLiteral("\\x%1")
+                          .arg(byte, 2, 16, QLatin1Char('0'))
+                          .toUpper()
+                          .replace(u'X', u'x');
     }
     return quoted + u'"';
 }

@@ -10,8 +10,7 @@ namespace {
 // The proportions are those of the classic fonts: all letters have one of two widths.
 constexpr auto doubleBows = "2wsx4rfv5tgb@WSX\x9A\x96"sv;
 constexpr auto aboveWide = "2wsx4rfv5tgb@WSX8k*Ko\x9A\x96\xF2\xF3\xF6\xF9"sv;
-constexpr auto aboveMedium =
-    "1qazdc6yhnAZ7ujmiI,l.]\x87\xF0\xF1\xF5\xF7\xFA\xFB"sv;
+constexpr auto aboveMedium = "1qazdc6yhnAZ7ujmiI,l.]\x87\xF0\xF1\xF5\xF7\xFA\xFB"sv;
 constexpr auto aboveStem = "3e!Q\xA6\xA7\x95\xF4\xF8"sv;
 constexpr auto aboveNarrow = "`~\xBD"
                              "9"sv;

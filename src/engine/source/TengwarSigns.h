@@ -45,8 +45,8 @@ struct Mark
 {
     std::string_view name;
     MarkKind kind;
-    /// The codes for the kind's positions: MarkPlace for Above, Below and DotsBelow, BarWidth for the
-    /// bars (the last two unused, 0), HookKind for hooks.
+    /// The codes for the kind's positions: MarkPlace for Above, Below and DotsBelow, BarWidth for
+    /// the bars (the last two unused, 0), HookKind for hooks.
     std::array<uchar, 4> codes;
     uchar inside = 0; ///< the code inside the bowl of lambe and alda; 0: there is none
     /// A second code that follows the first: a doubled sign is typed once wide and once stemmed.
@@ -68,7 +68,8 @@ struct Mark
 /// The code of \a mark on a letter of the form \a form.
 [[nodiscard]] uchar markCode(const Mark &mark, const LetterForm &form);
 
-/// The mark that has \a code at one of its positions, or null. Near-duplicate codes count as theirs.
+/// The mark that has \a code at one of its positions, or null. Near-duplicate codes count as
+/// theirs.
 [[nodiscard]] const Mark *markOfCode(uchar code);
 
 /// The code that modes use where the encoding has two for one mark at one position.
