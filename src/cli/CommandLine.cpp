@@ -13,7 +13,10 @@ std::optional<int> parseCommandLine(QCommandLineParser &parser, const QStringLis
     if (!parser.parse(arguments))
         return wrongUsage(parser.errorText());
     if (parser.isSet(help)) {
-        print(parser.helpText());
+        // Qt names the program only; the command belongs to the usage line as well.
+        QString text = parser.helpText();
+        print(text.replace(QStringLiteral("Usage: ") + QCoreApplication::arguments().constFirst(),
+                           QStringLiteral("Usage: quillon-cli ") + arguments.constFirst()));
         return ExitSuccess;
     }
     return std::nullopt;

@@ -8,7 +8,6 @@
 #include "engine/TranscriptionStream.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <cstdio>
 #include <memory>
 #include <vector>
@@ -25,9 +24,8 @@ Input openInput(const QString &name)
     auto file = std::make_unique<QFile>(name);
     const bool isOpen = name == standardInput ? file->open(stdin, QIODevice::ReadOnly)
                                               : file->open(QIODevice::ReadOnly);
-    if (!isOpen || QFileInfo(name).isDir())
-        throw CommandFailure{QStringLiteral("%1: %2").arg(
-            name, isOpen ? QStringLiteral("is a folder") : file->errorString())};
+    if (!isOpen)
+        throw CommandFailure{QStringLiteral("%1: %2").arg(name, file->errorString())};
     return file;
 }
 
@@ -95,8 +93,9 @@ public:
 private:
     static QString nameOf(const QFile &input)
     {
-        return input.fileName() == standardInput ? QStringLiteral("standard input")
-                                                 : input.fileName();
+        const bool isStandardInput =
+            input.fileName().isEmpty() || input.fileName() == standardInput;
+        return isStandardInput ? QStringLiteral("standard input") : input.fileName();
     }
 
     void transcribeText(const QString &text)

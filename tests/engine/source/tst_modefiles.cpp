@@ -1,9 +1,9 @@
+#include "engine/LiteralWalk.h"
 #include "engine/LoadMode.h"
 #include "engine/TranscribeText.h"
 #include "engine/source/CheckMode.h"
+#include "engine/source/GoldenFile.h"
 #include "engine/source/PackMode.h"
-#include "modes/GoldenFile.h"
-#include "modes/TracedWalk.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -11,7 +11,7 @@
 #include <QTest>
 
 /// Holds each mode that comes with the program against its corpus of examples.
-class tst_modes : public QObject
+class tst_modefiles : public QObject
 {
     Q_OBJECT
 
@@ -34,6 +34,8 @@ private:
 };
 
 namespace {
+
+const QString undefinedText = QStringLiteral("?!");
 
 struct LoadedMode
 {
@@ -80,26 +82,26 @@ LoadedMode load(const QString &fileName)
 QString transcribed(QString text, const ModeTable &table)
 {
     TranscriptionContext context;
-    context.UndefinedText = QStringLiteral("?!");
+    context.UndefinedText = undefinedText;
     return TranscribeText(text, table, context);
 }
 
 } // namespace
 
-void tst_modes::initTestCase()
+void tst_modefiles::initTestCase()
 {
     names_ = folder_.entryList({QStringLiteral("*.mode")}, QDir::Files);
     QVERIFY(names_.contains(QStringLiteral("English.mode")));
 }
 
-void tst_modes::addModes() const
+void tst_modefiles::addModes() const
 {
     QTest::addColumn<QString>("name");
     for (const QString &name : names_)
         QTest::newRow(qPrintable(name)) << QFileInfo(name).completeBaseName();
 }
 
-void tst_modes::examplesAgree()
+void tst_modefiles::examplesAgree()
 {
     QFETCH(const QString, name);
     const LoadedMode mode = load(folder_.filePath(name + QStringLiteral(".mode")));
@@ -126,7 +128,7 @@ void tst_modes::examplesAgree()
         QFAIL(qPrintable(differences.join(u'\n')));
 }
 
-void tst_modes::modeIsFaultless()
+void tst_modefiles::modeIsFaultless()
 {
     constexpr qsizetype mostRules = 1500;
     QFETCH(const QString, name);
@@ -138,20 +140,20 @@ void tst_modes::modeIsFaultless()
              qPrintable(QString::number(mode.table.ruleCount())));
 }
 
-void tst_modes::rulesHaveExamples()
+void tst_modefiles::rulesHaveExamples()
 {
     QFETCH(const QString, name);
     const LoadedMode mode = load(folder_.filePath(name + QStringLiteral(".mode")));
     GoldenFile golden;
     QVERIFY(golden.read(folder_.filePath(name + QStringLiteral(".golden"))));
-    QSet<int> fired;
+    LiteralWalk walk{mode.table, undefinedText};
     for (const GoldenLine &line : std::as_const(golden.lines)) {
-        if (!line.reason.isEmpty())
-            QCOMPARE(tracedWalk(line.text, mode.table, fired),
-                     transcribed(line.text, mode.table).remove(QStringLiteral("?!")));
+        walk.output.clear();
+        walk.run(line.text);
+        QCOMPARE(walk.output, transcribed(line.text, mode.table));
     }
     QSet<int> exercised;
-    for (const int rule : std::as_const(fired))
+    for (const qsizetype rule : std::as_const(walk.firedRules))
         exercised.insert(mode.lineOfRule.at(rule));
     QSet<int> missing(mode.lineOfRule.begin(), mode.lineOfRule.end());
     missing -= exercised;
@@ -164,14 +166,14 @@ void tst_modes::rulesHaveExamples()
     lines.sort();
     qInfo().noquote() << QStringLiteral("%1: %2 of %3 rules, %4 of %5 lines have an example\n")
                              .arg(name)
-                             .arg(fired.size())
+                             .arg(walk.firedRules.size())
                              .arg(mode.lineOfRule.size())
                              .arg(exercised.size())
                              .arg(exercised.size() + missing.size())
                       << lines.join(u'\n');
 }
 
-void tst_modes::packedFileIsBuilt()
+void tst_modefiles::packedFileIsBuilt()
 {
     QFETCH(const QString, name);
     const LoadedMode mode = load(folder_.filePath(name + QStringLiteral(".mode")));
@@ -181,5 +183,5 @@ void tst_modes::packedFileIsBuilt()
     QCOMPARE(contentOf(programFolder.filePath(name + QStringLiteral(".bak"))), mode.packed.bytes);
 }
 
-QTEST_GUILESS_MAIN(tst_modes)
-#include "tst_modes.moc"
+QTEST_GUILESS_MAIN(tst_modefiles)
+#include "tst_modefiles.moc"

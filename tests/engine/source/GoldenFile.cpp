@@ -1,4 +1,4 @@
-#include "modes/GoldenFile.h"
+#include "engine/source/GoldenFile.h"
 
 #include "engine/CodePage.h"
 
