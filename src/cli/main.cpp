@@ -1,10 +1,7 @@
 #include "Version.h"
 #include "cli/CommandLine.h"
-<<<<<<< HEAD
 #include "cli/ModeCommands.h"
-=======
 #include "cli/RtfCommands.h"
->>>>>>> main
 #include "cli/TranscribeCommand.h"
 #include "engine/RuntimeError.h"
 
@@ -23,12 +20,9 @@ struct Command
 
 constexpr std::array commands = {
     Command{"transcribe", "transcribe English or Elvish text by a mode", transcribe},
-<<<<<<< HEAD
     Command{"mode", "pack, unpack, list and check modes", mode},
-=======
     Command{"rtf2text", "print the text of an RTF file", rtf2text},
     Command{"rtf2rtf", "rewrite an RTF file", rtf2rtf},
->>>>>>> main
 };
 
 QString usage()
