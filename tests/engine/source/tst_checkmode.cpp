@@ -5,7 +5,7 @@
 #include <QTest>
 
 /// What the checker finds in mode files.
-class tst_checkmode : public QObject
+class tst_CheckMode : public QObject
 {
     Q_OBJECT
 
@@ -44,7 +44,7 @@ QStringList textsOf(const QList<SourceProblem> &faults)
 
 } // namespace
 
-void tst_checkmode::faults_data()
+void tst_CheckMode::faults_data()
 {
     QTest::addColumn<QByteArray>("rule");
     QTest::addColumn<QString>("fault");
@@ -76,7 +76,7 @@ void tst_checkmode::faults_data()
         << QStringLiteral("28: the rule for \"th\": three-dots on \"1\" is \"E\", not \"C\"");
 }
 
-void tst_checkmode::faults()
+void tst_CheckMode::faults()
 {
     QFETCH(const QByteArray, rule);
     QFETCH(const QString, fault);
@@ -84,7 +84,7 @@ void tst_checkmode::faults()
     QCOMPARE(textsOf(report.faults), fault.isEmpty() ? QStringList() : QStringList(fault));
 }
 
-void tst_checkmode::lettersWithoutRule()
+void tst_CheckMode::lettersWithoutRule()
 {
     QByteArray bytes = alphabet();
     bytes.replace(record("q\t1\t\t\tx\t"), record("q\t1\t\rx\t\tx\t"));
@@ -94,13 +94,13 @@ void tst_checkmode::lettersWithoutRule()
                           QStringLiteral("0: the letter q has no rule of its own")}));
 }
 
-void tst_checkmode::exactModesNeedCapitals()
+void tst_CheckMode::exactModesNeedCapitals()
 {
     constexpr qsizetype capitals = 26;
     QCOMPARE(checkMode(alphabet('1')).faults.size(), capitals);
 }
 
-void tst_checkmode::undefinedCharacters()
+void tst_CheckMode::undefinedCharacters()
 {
     const QByteArray undefined = checkMode(alphabet() + record("!\tx\t\t\t\t")).undefined;
     QVERIFY(undefined.contains('?'));
@@ -110,12 +110,12 @@ void tst_checkmode::undefinedCharacters()
     QVERIFY(!undefined.contains('\x81')); // no character
 }
 
-void tst_checkmode::cutFiles()
+void tst_CheckMode::cutFiles()
 {
     constexpr qsizetype letters = 26;
     for (const QByteArray &bytes : {QByteArray(), QByteArray("Te"), record("Test\t0").chopped(1)})
         QCOMPARE(checkMode(bytes).faults.size(), letters);
 }
 
-QTEST_GUILESS_MAIN(tst_checkmode)
+QTEST_GUILESS_MAIN(tst_CheckMode)
 #include "tst_checkmode.moc"

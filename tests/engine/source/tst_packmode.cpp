@@ -4,7 +4,7 @@
 #include <QTest>
 
 /// What a mode source becomes, and which sources are refused with which line and words.
-class tst_packmode : public QObject
+class tst_PackMode : public QObject
 {
     Q_OBJECT
 
@@ -60,7 +60,7 @@ QStringList problemsOf(const PackedMode &packed)
 
 } // namespace
 
-void tst_packmode::generatesRules_data()
+void tst_PackMode::generatesRules_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QStringList>("rules");
@@ -116,7 +116,7 @@ void tst_packmode::generatesRules_data()
     row("statement words match as text", "mode -> tinco\ncase -> ando", {"mode/1///", "case/2///"});
 }
 
-void tst_packmode::generatesRules()
+void tst_PackMode::generatesRules()
 {
     QFETCH(const QString, source);
     QFETCH(const QStringList, rules);
@@ -125,7 +125,7 @@ void tst_packmode::generatesRules()
     QCOMPARE(rulesOf(packed), rules);
 }
 
-void tst_packmode::refuses_data()
+void tst_PackMode::refuses_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QString>("problem");
@@ -210,7 +210,7 @@ void tst_packmode::refuses_data()
         "3: the rule for \"a\" repeats that of line 2");
 }
 
-void tst_packmode::refuses()
+void tst_PackMode::refuses()
 {
     QFETCH(const QString, source);
     QFETCH(const QString, problem);
@@ -219,7 +219,7 @@ void tst_packmode::refuses()
     QVERIFY(packed.bytes.isEmpty());
 }
 
-void tst_packmode::header_data()
+void tst_PackMode::header_data()
 {
     QTest::addColumn<QString>("source");
     QTest::addColumn<QByteArray>("bytes");
@@ -235,7 +235,7 @@ void tst_packmode::header_data()
                                   << QByteArray("odd\0", 4);
 }
 
-void tst_packmode::header()
+void tst_PackMode::header()
 {
     QFETCH(const QString, source);
     QFETCH(const QByteArray, bytes);
@@ -244,7 +244,7 @@ void tst_packmode::header()
     QCOMPARE(packed.bytes, bytes);
 }
 
-void tst_packmode::padding()
+void tst_PackMode::padding()
 {
     const QString source = modeLine + QStringLiteral("t -> tinco\nunused 1\n");
     const QByteArray unused(RuleRecordLength, '\0');
@@ -255,12 +255,12 @@ void tst_packmode::padding()
              rule.leftJustified(RuleRecordLength, '\0') + unused);
 }
 
-void tst_packmode::reportsEveryProblem()
+void tst_PackMode::reportsEveryProblem()
 {
     const PackedMode packed = packMode(modeLine + QStringLiteral("a -> tinko\n\nb -> andoo"));
     QCOMPARE(problemsOf(packed),
              list({"2: there is no sign 'tinko'", "4: there is no sign 'andoo'"}));
 }
 
-QTEST_GUILESS_MAIN(tst_packmode)
+QTEST_GUILESS_MAIN(tst_PackMode)
 #include "tst_packmode.moc"

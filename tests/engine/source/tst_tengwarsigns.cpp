@@ -4,7 +4,7 @@
 #include <QTest>
 
 /// The table of signs agrees with itself.
-class tst_tengwarsigns : public QObject
+class tst_TengwarSigns : public QObject
 {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ QString nameOf(std::string_view name)
 
 } // namespace
 
-void tst_tengwarsigns::namesAreUnique()
+void tst_TengwarSigns::namesAreUnique()
 {
     QHash<QString, int> uses;
     for (const Letter &letter : letters())
@@ -36,7 +36,7 @@ void tst_tengwarsigns::namesAreUnique()
         QVERIFY2(use.value() == 1, qPrintable(use.key()));
 }
 
-void tst_tengwarsigns::codesAreUnique()
+void tst_TengwarSigns::codesAreUnique()
 {
     QHash<int, QString> owners;
     const auto claim = [&owners](uchar code, const QString &name) {
@@ -57,7 +57,7 @@ void tst_tengwarsigns::codesAreUnique()
     }
 }
 
-void tst_tengwarsigns::marksOfPrimaryLetters_data()
+void tst_TengwarSigns::marksOfPrimaryLetters_data()
 {
     QTest::addColumn<char>("letter");
     QTest::addColumn<QByteArray>("codes"); // three-dots, dot-below, nasal-bar, doubling-tilde, hook
@@ -77,7 +77,7 @@ void tst_tengwarsigns::marksOfPrimaryLetters_data()
     QTest::newRow("digit 3") << '\xF3' << QByteArray("#\xC8[;+");
 }
 
-void tst_tengwarsigns::marksOfPrimaryLetters()
+void tst_TengwarSigns::marksOfPrimaryLetters()
 {
     QFETCH(const char, letter);
     QFETCH(const QByteArray, codes);
@@ -89,7 +89,7 @@ void tst_tengwarsigns::marksOfPrimaryLetters()
     QCOMPARE(found, codes);
 }
 
-void tst_tengwarsigns::onlyLettersCarryMarks()
+void tst_TengwarSigns::onlyLettersCarryMarks()
 {
     for (const Mark &mark : marks()) {
         for (const uchar code : mark.codes)
@@ -100,5 +100,5 @@ void tst_tengwarsigns::onlyLettersCarryMarks()
     QVERIFY(!formOf(0));
 }
 
-QTEST_GUILESS_MAIN(tst_tengwarsigns)
+QTEST_GUILESS_MAIN(tst_TengwarSigns)
 #include "tst_tengwarsigns.moc"

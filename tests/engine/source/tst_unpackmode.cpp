@@ -7,7 +7,7 @@
 #include <QTest>
 
 /// A mode file unpacks to a source that packs to the same bytes, whatever the file holds.
-class tst_unpackmode : public QObject
+class tst_UnpackMode : public QObject
 {
     Q_OBJECT
 
@@ -59,7 +59,7 @@ void verifyRoundTrip(const QByteArray &bytes)
 
 } // namespace
 
-void tst_unpackmode::text_data()
+void tst_UnpackMode::text_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     QTest::addColumn<QString>("source");
@@ -86,7 +86,7 @@ void tst_unpackmode::text_data()
         << QStringLiteral("mode \"Test\"\ncase 0\n\nraw \"t\\x093\"\n");
 }
 
-void tst_unpackmode::text()
+void tst_UnpackMode::text()
 {
     QFETCH(const QByteArray, bytes);
     QFETCH(const QString, source);
@@ -94,7 +94,7 @@ void tst_unpackmode::text()
     verifyRoundTrip(bytes);
 }
 
-void tst_unpackmode::roundTrip_data()
+void tst_UnpackMode::roundTrip_data()
 {
     QTest::addColumn<QByteArray>("bytes");
     const QByteArray header = record("Test\t0");
@@ -112,13 +112,13 @@ void tst_unpackmode::roundTrip_data()
     QTest::newRow("blanks as records") << header + record("") + record("");
 }
 
-void tst_unpackmode::roundTrip()
+void tst_UnpackMode::roundTrip()
 {
     QFETCH(const QByteArray, bytes);
     verifyRoundTrip(bytes);
 }
 
-void tst_unpackmode::randomFiles()
+void tst_UnpackMode::randomFiles()
 {
     constexpr int files = 2000;
     constexpr int mostRecords = 12;
@@ -136,7 +136,7 @@ void tst_unpackmode::randomFiles()
     }
 }
 
-void tst_unpackmode::ownModes()
+void tst_UnpackMode::ownModes()
 {
     const QDir folder(QStringLiteral(QUILLON_PROGRAM_FOLDER "/Modes"));
     const QStringList names = folder.entryList({QStringLiteral("*.mod")}, QDir::Files);
@@ -150,5 +150,5 @@ void tst_unpackmode::ownModes()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_unpackmode)
+QTEST_GUILESS_MAIN(tst_UnpackMode)
 #include "tst_unpackmode.moc"
