@@ -101,9 +101,9 @@ void drawSign(QPainter &painter, double x, double y, int code)
     if (!QRawFont::fromFont(tengwar(signSize)).supportsCharacter(text.front()))
         return;
     label(painter, x + 24, y - 50, text);
-    // Layout hides the soft hyphen; its sign stands at a second character too.
+    // Layout hides the soft hyphen; its sign stands among the symbols too.
     if (code == 0xad)
-        text = QStringLiteral("\u20ac");
+        text = QStringLiteral("\uf0ad");
     const QString support = supportOf(text.front());
     sign(painter, x + 6, y, signSize, support, supportColour);
     const double advance = QFontMetricsF(tengwar(signSize)).horizontalAdvance(support);
@@ -198,7 +198,7 @@ const std::array verses{
     u"lE j.E7T`V jE4#6 jE,T 8~M7T5$5 -",
     u"h\u00cd~V5% ~M5~N1Tt$ yR 7~Ct#6 `CmE7Y5 =",
     u"`C jRw7R3F xjT35^`BjR 8jTr%75$ q5{$`C t~B7`BjR",
-    u"l5i6 2.7`6 ]7]6 yh7`] \u2039 ql2h yljjh6 ] y`5h",
+    u"l5i6 2.7`6 ]7]6 yh7`] \u203a ql2h yljjh6 ] y`5h",
     u"1x{$y6E 1zR|1w~Nz \u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb",
 };
 

@@ -156,6 +156,8 @@ private Q_SLOTS:
     void linesHoldAllInk_data();
     void linesHoldAllInk();
     void softHyphenHasACopy();
+    void symbolAreaRepeatsTheCodes();
+    void leaningNecksAreKeptFromStems();
     void privateUseLettersAreTheSameSigns();
     void privateUseMarksFindTheirLetters_data();
     void privateUseMarksFindTheirLetters();
@@ -396,6 +398,29 @@ void tst_font::softHyphenHasACopy()
     const QRawFont font = QRawFont::fromFont(fontOf(styleCases[0]));
     const QList<quint32> glyphs = glyphsOf(font, QString::fromUtf16(u"\u00ad\u20ac"));
     QCOMPARE(font.pathForGlyph(glyphs[0]), font.pathForGlyph(glyphs[1]));
+}
+
+void tst_font::symbolAreaRepeatsTheCodes()
+{
+    const QRawFont font = QRawFont::fromFont(fontOf(styleCases[0]));
+    for (int code = 0x20; code <= 0xff; ++code)
+        if (hasSign(code))
+            QCOMPARE(glyphsOf(font, QChar(0xf000 + code)), glyphsOf(font, characterOf(code)));
+    // Unlike the soft hyphen itself, its place in this area survives layout.
+    const QList<QPainterPath> paths = laidOut(QStringLiteral("6\uf0ad"), fontOf(styleCases[0]));
+    QCOMPARE(paths.size(), 2);
+    QVERIFY(!paths[1].isEmpty());
+}
+
+void tst_font::leaningNecksAreKeptFromStems()
+{
+    const auto width = [](const QString &text) {
+        return QFontMetricsF(fontOf(styleCases[0])).horizontalAdvance(text);
+    };
+    QCOMPARE(width(QStringLiteral("83")),
+             width(QStringLiteral("8")) + width(QStringLiteral("3")) + 44);
+    QCOMPARE(width(QStringLiteral("8#3")), width(QStringLiteral("83")));
+    QCOMPARE(width(QStringLiteral("86")), width(QStringLiteral("8")) + width(QStringLiteral("6")));
 }
 
 void tst_font::privateUseLettersAreTheSameSigns()
