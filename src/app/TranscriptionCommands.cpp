@@ -14,7 +14,8 @@ using namespace Qt::Literals::StringLiterals;
 
 void showModes(Form1 &form, SharedState &state)
 {
-    frmModes dialog(state, [&form] { form.refillModeList(); }, &form);
+    frmModes dialog(
+        state, [&form] { form.refillModeList(); }, &form);
     dialog.exec();
 }
 
