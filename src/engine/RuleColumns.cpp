@@ -97,9 +97,7 @@ RuleColumns::RuleColumns(const ModeTable &table)
         addRule(table.RomanText[i], conditions, tags.number(table.LeavesTag[i]));
     }
     endsWord_ = std::move(tags).endsWord();
-    const size_t blocks = (length_.size() + byteBlockLength - 1) / byteBlockLength;
-    firstByte_.resize(blocks * byteBlockLength, CodedText::unmatchable);
-    length_.resize(firstByte_.size(), 0);
+    padToBlocks();
 }
 
 void RuleColumns::addRule(const QString &romanText, Conditions conditions, TagId leavesTag)
@@ -110,11 +108,22 @@ void RuleColumns::addRule(const QString &romanText, Conditions conditions, TagId
                           !bytes->contains(CodedText::unmatchable);
     if (canMatch)
         std::ranges::copy(*bytes, key.bytes.begin());
-    firstByte_.push_back(canMatch ? key.bytes.front() : CodedText::unmatchable);
+    firstByte_.push_back(canMatch ? key.bytes[0] : CodedText::unmatchable);
+    secondByte_.push_back(key.bytes[1]);
     length_.push_back(static_cast<uint8_t>(canMatch ? bytes->size() : 0));
     key_.push_back(key);
     conditions_.push_back(conditions);
     leavesTag_.push_back(leavesTag);
+}
+
+void RuleColumns::padToBlocks()
+{
+    const size_t blocks = (length_.size() + byteBlockLength - 1) / byteBlockLength;
+    firstByte_.resize(blocks * byteBlockLength, CodedText::unmatchable);
+    secondByte_.resize(firstByte_.size(), 0);
+    length_.resize(firstByte_.size(), 0);
+    for (size_t block = 0; block < blocks; ++block)
+        isSingle_.push_back(equalBytes(length_.data() + block * byteBlockLength, 1));
 }
 
 Step RuleColumns::step(const CodedText &text, qsizetype position, LoneControl loneControl,
@@ -143,7 +152,11 @@ RuleColumns::Match RuleColumns::widestMatch(const CodedText &text, qsizetype pos
     const qsizetype remaining = text.size() - position;
     Match best{-1, narrowest - 1};
     for (size_t block = 0; block < firstByte_.size(); block += byteBlockLength) {
-        uint64_t candidates = equalBytes(firstByte_.data() + block, *window);
+        uint64_t candidates = equalBytes(firstByte_.data() + block, window[0]);
+        if (candidates == 0)
+            continue;
+        candidates &=
+            equalBytes(secondByte_.data() + block, window[1]) | isSingle_[block / byteBlockLength];
         for (; candidates != 0; candidates &= candidates - 1) {
             const size_t rule = block + static_cast<size_t>(std::countr_zero(candidates));
             const int length = length_[rule];

@@ -56,12 +56,15 @@ private:
     };
 
     void addRule(const QString &romanText, Conditions conditions, TagId leavesTag);
+    void padToBlocks();
     [[nodiscard]] Match widestMatch(const CodedText &text, qsizetype position, int narrowest,
                                     TagId lastTag) const;
     [[nodiscard]] bool conditionsHold(size_t rule, int next, TagId lastTag) const;
 
-    std::vector<uint8_t> firstByte_; ///< padded to whole blocks
-    std::vector<uint8_t> length_;    ///< characters; 0 for a rule that can match nothing
+    std::vector<uint8_t> firstByte_;  ///< padded to whole blocks
+    std::vector<uint8_t> secondByte_; ///< likewise
+    std::vector<uint64_t> isSingle_;  ///< by block, a bit for each rule of one character
+    std::vector<uint8_t> length_;     ///< characters; 0 for a rule that can match nothing
     std::vector<Key> key_;
     std::vector<Conditions> conditions_;
     std::vector<TagId> leavesTag_;

@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Builds Quillon and starts it. On a fresh Debian 12 it installs what is missing first.
+#
+#   ./run.sh            build and start; without a display: do the main job on a virtual one
+#   ./run.sh --build    build only
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+usage() {
+    sed -n '2,5s/^# \{0,1\}//p' "$0"
+}
+
+build_only=
+for argument in "$@"; do
+    case $argument in
+        --build) build_only=yes ;;
+        -h | --help) usage; exit 0 ;;
+        *) usage >&2; exit 2 ;;
+    esac
+done
+
+. tools/packages.sh
+tools/ensure-packages "${build_packages[@]}" "${run_packages[@]}"
+cmake --preset release >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }
+rm -f build-configure.log
+cmake --build --preset release
+[ -z "$build_only" ] || exit 0
+
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    exec build/app/quillon
+fi
+
+echo "There is no display; this is the program at work on a virtual one."
+tools/ensure-packages "${virtual_display_packages[@]}"
+QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" \
+    build/tools/demo English "Three lamps burned late beside the quiet water." build/quillon.png

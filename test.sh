@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test. On a fresh Debian 12 it installs what is missing first.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")"
+
+. tools/packages.sh
+tools/ensure-packages "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
+cmake --preset release -DBUILD_TESTING=ON
+cmake --build --preset release
+ctest --preset release -j "$(nproc)"
