@@ -5,13 +5,13 @@
 
 namespace {
 
-constexpr QChar Separator(u'\\');
-constexpr QChar Quote(u'"');
-constexpr int HexDigits = 4;
+constexpr QChar separator(u'\\');
+constexpr QChar quote(u'"');
+constexpr int hexDigits = 4;
 
 QString normalised(const QString &path)
 {
-    return path.split(Separator, Qt::SkipEmptyParts).join(Separator);
+    return path.split(separator, Qt::SkipEmptyParts).join(separator);
 }
 
 bool isSame(const QString &left, const QString &right)
@@ -32,27 +32,27 @@ bool needsEscape(QStringView text, qsizetype at)
 
 QString hexCode(QChar character)
 {
-    return QStringLiteral("%1").arg(character.unicode(), HexDigits, 16, QLatin1Char('0'));
+    return QStringLiteral("%1").arg(character.unicode(), hexDigits, 16, QLatin1Char('0'));
 }
 
 std::optional<QChar> fromHexCode(QStringView text)
 {
-    const QStringView digits = text.first(std::min<qsizetype>(HexDigits, text.size()));
+    const QStringView digits = text.first(std::min<qsizetype>(hexDigits, text.size()));
     const auto isHex = [](QChar digit) {
         return digit.unicode() < 0x80 && std::isxdigit(digit.unicode()) != 0;
     };
-    if (digits.size() < HexDigits || !std::all_of(digits.begin(), digits.end(), isHex))
+    if (digits.size() < hexDigits || !std::all_of(digits.begin(), digits.end(), isHex))
         return std::nullopt;
     return QChar(digits.toUShort(nullptr, 16));
 }
 
 QString quoted(const QString &text)
 {
-    QString form = Quote;
+    QString form = quote;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text[i];
-        if (character == Quote || character == Separator)
-            form += Separator, form += character;
+        if (character == quote || character == separator)
+            form += separator, form += character;
         else if (character == u'\n')
             form += QLatin1String("\\n");
         else if (character == u'\r')
@@ -64,7 +64,7 @@ QString quoted(const QString &text)
         else
             form += character;
     }
-    return form += Quote;
+    return form += quote;
 }
 
 /// Takes the character that an escape at the start of `rest`, after its "\", stands for.
@@ -87,7 +87,7 @@ std::optional<QChar> takeEscape(QStringView &rest)
     case u'u': {
         const std::optional<QChar> character = fromHexCode(rest);
         if (character)
-            rest = rest.sliced(HexDigits);
+            rest = rest.sliced(hexDigits);
         return character;
     }
     default:
@@ -98,16 +98,16 @@ std::optional<QChar> takeEscape(QStringView &rest)
 /// Takes a quoted string from the start of `rest`; none if there is no whole one.
 std::optional<QString> takeString(QStringView &rest)
 {
-    if (!rest.startsWith(Quote))
+    if (!rest.startsWith(quote))
         return std::nullopt;
     rest = rest.sliced(1);
-    QString text;
+    QString text = QStringLiteral(""); // not null, since it is there
     while (!rest.isEmpty()) {
         const QChar character = rest.front();
         rest = rest.sliced(1);
-        if (character == Quote)
+        if (character == quote)
             return text;
-        if (character != Separator) {
+        if (character != separator) {
             text += character;
             continue;
         }
@@ -122,19 +122,41 @@ std::optional<QString> takeString(QStringView &rest)
 /// A value as it stands after the "=" of its line; none for a string that is not whole.
 std::optional<RegistryValue> parseValue(QStringView form)
 {
-    if (form.startsWith(Quote)) {
+    if (form.startsWith(quote)) {
         QStringView rest = form;
         const std::optional<QString> text = takeString(rest);
         return text && rest.isEmpty() ? std::optional<RegistryValue>(*text) : std::nullopt;
     }
-    constexpr QLatin1String Integer("dword");
-    if (form.startsWith(Integer, Qt::CaseInsensitive)) {
+    constexpr QLatin1String integerKind("dword");
+    if (form.startsWith(integerKind, Qt::CaseInsensitive)) {
         bool isInteger = false;
-        const int integer = form.sliced(Integer.size()).toInt(&isInteger);
+        const int integer = form.sliced(integerKind.size()).toInt(&isInteger);
         if (isInteger)
             return integer;
     }
     return UnknownRegistryValue{form.toString()};
+}
+
+/// A line that names a value.
+struct Entry
+{
+    QString name; ///< never null
+    RegistryValue value;
+};
+
+/// None if the line is no such line.
+std::optional<Entry> parseEntry(const QString &line)
+{
+    const QString trimmed = line.trimmed();
+    QStringView rest = trimmed;
+    const std::optional<QString> name = takeString(rest);
+    rest = rest.trimmed();
+    if (!name || !rest.startsWith(u'='))
+        return std::nullopt;
+    std::optional<RegistryValue> value = parseValue(rest.sliced(1).trimmed());
+    if (!value)
+        return std::nullopt;
+    return Entry{*name, *std::move(value)};
 }
 
 QString valueForm(const RegistryValue &value)
@@ -170,7 +192,7 @@ std::optional<QString> parsePath(QStringView form)
         if (!code)
             return std::nullopt;
         path += *code;
-        form = form.sliced(HexDigits);
+        form = form.sliced(hexDigits);
     }
     return normalised(path);
 }
@@ -197,26 +219,21 @@ std::optional<RegistryText> RegistryText::parse(QByteArrayView bytes)
 bool RegistryText::parseLine(const QString &line)
 {
     const QString trimmed = line.trimmed();
-    QStringView rest = trimmed;
-    if (rest.isEmpty() || rest.startsWith(u';') || rest.startsWith(u'#')) {
-        sections_.last().lines += {line, {}};
+    if (trimmed.isEmpty() || trimmed.startsWith(u';') || trimmed.startsWith(u'#')) {
+        sections_.last().lines += Line{line, {}};
         return true;
     }
-    if (rest.startsWith(u'[') && rest.endsWith(u']')) {
-        const std::optional<QString> path = parsePath(rest.sliced(1).chopped(1));
+    if (trimmed.startsWith(u'[') && trimmed.endsWith(u']')) {
+        const std::optional<QString> path = parsePath(QStringView(trimmed).sliced(1).chopped(1));
         if (!path || path->isEmpty())
             return false;
         sections_ += {*path, {{line, {}}}};
         return true;
     }
-    const std::optional<QString> name = takeString(rest);
-    rest = rest.trimmed();
-    if (!name || !rest.startsWith(u'=') || sections_.last().path.isEmpty())
+    const std::optional<Entry> entry = parseEntry(line);
+    if (!entry || sections_.last().path.isEmpty())
         return false;
-    const std::optional<RegistryValue> value = parseValue(rest.sliced(1).trimmed());
-    if (!value)
-        return false;
-    sections_.last().lines += {line, Entry{*name, *value}};
+    sections_.last().lines += Line{line, entry->name};
     return true;
 }
 
@@ -235,7 +252,7 @@ bool RegistryText::contains(const QString &path) const
     const QString sought = normalised(path);
     return std::any_of(sections_.begin(), sections_.end(), [&](const Section &section) {
         return isSame(section.path, sought) ||
-               section.path.startsWith(sought + Separator, Qt::CaseInsensitive);
+               section.path.startsWith(sought + separator, Qt::CaseInsensitive);
     });
 }
 
@@ -246,7 +263,7 @@ const RegistryText::Line *RegistryText::find(const QString &path, const QString 
         if (!isSame(section.path, sought))
             continue;
         for (const Line &line : section.lines) {
-            if (line.entry && isSame(line.entry->name, name))
+            if (!line.name.isNull() && isSame(line.name, name))
                 return &line;
         }
     }
@@ -256,7 +273,7 @@ const RegistryText::Line *RegistryText::find(const QString &path, const QString 
 std::optional<RegistryValue> RegistryText::value(const QString &path, const QString &name) const
 {
     const Line *line = find(path, name);
-    return line != nullptr ? std::optional(line->entry->value) : std::nullopt;
+    return line != nullptr ? std::optional(parseEntry(line->text)->value) : std::nullopt;
 }
 
 bool RegistryText::createKey(const QString &path)
@@ -275,7 +292,8 @@ bool RegistryText::setValue(const QString &path, const QString &name, const Regi
 {
     if (!contains(path) || std::holds_alternative<UnknownRegistryValue>(value))
         return false;
-    const Line line = {quoted(name) + QStringLiteral(" = ") + valueForm(value), Entry{name, value}};
+    const Line line = {quoted(name) + QStringLiteral(" = ") + valueForm(value),
+                       name.isNull() ? QStringLiteral("") : name};
     if (const Line *present = find(path, name)) {
         *const_cast<Line *>(present) = line;
         return true;

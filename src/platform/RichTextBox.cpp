@@ -1,76 +1,65 @@
 #include "platform/RichTextBox.h"
 
 #include "platform/SoftHyphen.h"
-#include <QClipboard>
-#include <QDragMoveEvent>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMimeData>
+#include "platform/TextPosition.h"
 #include <QTextBlock>
-#include <QUrl>
 #include <algorithm>
-#include <memory>
 
 namespace {
 
-/// Keys that type a character, delete one or end a line, by themselves or with Shift.
-bool isTyping(const QKeyEvent &event)
+bool endsWord(QStringView text)
 {
-    if (event.matches(QKeySequence::Backspace) || event.matches(QKeySequence::Delete) ||
-        event.matches(QKeySequence::InsertParagraphSeparator) ||
-        event.matches(QKeySequence::InsertLineSeparator))
-        return true;
-    if (event.key() == Qt::Key_Backspace && event.modifiers() == Qt::ShiftModifier)
-        return true;
-    if (event.text().isEmpty())
-        return false;
-    const QChar first = event.text().front();
-    const Qt::KeyboardModifiers command = event.modifiers() & ~Qt::ShiftModifier;
-    return first.category() == QChar::Other_Format ||
-           (command != Qt::ControlModifier && (first.isPrint() || first == QLatin1Char('\t')));
+    if (text.size() > 1 && text.back().isLowSurrogate())
+        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text[text.size() - 2], text.back()));
+    return !text.isEmpty() && text.back().isLetterOrNumber();
 }
 
-/// Key combinations with which the control itself deletes words and lines, or pastes.
-bool isEditingKey(const QKeyEvent &event)
+bool beginsWord(QStringView text)
 {
-    constexpr std::array Keys = {QKeySequence::Cut, QKeySequence::Paste,
-                                 QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
-                                 QKeySequence::DeleteEndOfLine};
-    return std::any_of(Keys.begin(), Keys.end(),
-                       [&](QKeySequence::StandardKey key) { return event.matches(key); });
+    if (text.size() > 1 && text.front().isHighSurrogate())
+        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text.front(), text[1]));
+    return !text.isEmpty() && text.front().isLetterOrNumber();
 }
 
-QStringList localFiles(const QMimeData &data)
+bool isWholeWord(QStringView text, qsizetype position, qsizetype length)
 {
-    QStringList paths;
-    for (const QUrl &url : data.urls()) {
-        if (url.isLocalFile())
-            paths += url.toLocalFile();
-    }
-    return paths;
-}
-
-bool isWordCharacter(QStringView text, qsizetype position)
-{
-    return position >= 0 && position < text.size() && text[position].isLetterOrNumber();
+    return !endsWord(text.first(position)) && !beginsWord(text.sliced(position + length));
 }
 
 } // namespace
 
 RichTextBox::RichTextBox(QWidget *parent) : QTextEdit(parent)
 {
-    setUndoRedoEnabled(false);
     setAcceptRichText(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    showSoftHyphens(*document());
     showInactiveSelection();
-    connect(document(), &QTextDocument::contentsChange, this, [this] { textIsCurrent_ = false; });
+    showDocument(*document());
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::changed);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::reportSelection);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::reportSelection);
 }
 
 RichTextBox::~RichTextBox() = default;
+
+void RichTextBox::showDocument(QTextDocument &document)
+{
+    document.setParent(this);
+    document.setUndoRedoEnabled(false);
+    showSoftHyphens(document);
+    connect(&document, &QTextDocument::contentsChange, this, &RichTextBox::textHasChanged);
+    textHasChanged();
+    QTextDocument *former = this->document();
+    if (former != &document) {
+        setDocument(&document);
+        former->deleteLater(); // it may be what is telling of its change right now
+    }
+}
+
+void RichTextBox::textHasChanged()
+{
+    textIsCurrent_ = false;
+    format_.reset();
+}
 
 QString RichTextBox::Text() const
 {
@@ -128,25 +117,26 @@ QString RichTextBox::SelText() const
 void RichTextBox::setSelText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text), cursor.charFormat());
+    cursor.insertText(documentText(text), insertionFormat(cursor));
     setTextCursor(cursor);
 }
 
 int RichTextBox::find(const QString &text, int start, int end, FindFlags flags)
 {
-    const QString whole = Text();
     const QString sought = userForm(text);
+    const QString whole = Text();
+    // A match begins before `end`, so nothing beyond this is looked at.
+    const qint64 last = qint64(end) + sought.size() - 1;
+    const QStringView range = QStringView(whole).first(std::clamp<qint64>(last, 0, whole.size()));
+    const bool isWord = flags.testFlag(FindFlag::WholeWord);
     const auto sensitivity =
         flags.testFlag(FindFlag::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    qsizetype position = std::max(start, 0) - 1;
-    do {
-        position = sought.isEmpty() ? -1 : whole.indexOf(sought, position + 1, sensitivity);
-        if (position < 0 || position >= end)
-            return -1;
-    } while (
-        flags.testFlag(FindFlag::WholeWord) &&
-        (isWordCharacter(whole, position - 1) || isWordCharacter(whole, position + sought.size())));
-    select(int(position), int(sought.size()));
+    qsizetype position =
+        sought.isEmpty() ? -1 : range.indexOf(sought, std::max(start, 0), sensitivity);
+    while (position >= 0 && isWord && !isWholeWord(whole, position, sought.size()))
+        position = range.indexOf(sought, position + 1, sensitivity);
+    if (position >= 0)
+        select(int(position), int(sought.size()));
     return int(position);
 }
 
@@ -168,6 +158,7 @@ void RichTextBox::reportSelection()
         return;
     reportedAnchor_ = cursor.anchor();
     reportedPosition_ = cursor.position();
+    format_.reset();
     Q_EMIT selectionMoved();
 }
 
@@ -178,105 +169,4 @@ void RichTextBox::showInactiveSelection()
         colours.setColor(QPalette::Inactive, role, colours.color(QPalette::Active, role));
     if (colours != palette())
         setPalette(colours);
-}
-
-void RichTextBox::keyPressEvent(QKeyEvent *event)
-{
-    KeyPress key{.key = event->key(), .modifiers = event->modifiers()};
-    Q_EMIT keyDown(key);
-    if (key.swallowed)
-        return;
-    if (isEditingKey(*event))
-        Q_EMIT aboutToChange(ChangeReason::EditingKey);
-    else if (isTyping(*event))
-        Q_EMIT aboutToChange(ChangeReason::Typing);
-    QTextEdit::keyPressEvent(event);
-}
-
-void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
-{
-    const bool composes = !event->preeditString().isEmpty() && textCursor().hasSelection();
-    if (composes || !event->commitString().isEmpty() || event->replacementLength() > 0)
-        Q_EMIT aboutToChange(ChangeReason::InputMethod);
-    event->setCommitString(documentText(event->commitString()), event->replacementStart(),
-                           event->replacementLength());
-    QTextEdit::inputMethodEvent(event);
-}
-
-void RichTextBox::mousePressEvent(QMouseEvent *event)
-{
-    // A press inside the selection would start a drag, which takes text away behind our back.
-    if (event->button() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier)) {
-        QTextCursor cursor = textCursor();
-        cursor.clearSelection();
-        setTextCursor(cursor);
-    }
-    QTextEdit::mousePressEvent(event);
-}
-
-void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
-{
-    const QClipboard &clipboard = *QGuiApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard.supportsSelection())
-        Q_EMIT aboutToChange(ChangeReason::PrimaryPaste);
-    QTextEdit::mouseReleaseEvent(event);
-}
-
-void RichTextBox::focusInEvent(QFocusEvent *event)
-{
-    QTextEdit::focusInEvent(event);
-    Q_EMIT activated();
-}
-
-void RichTextBox::changeEvent(QEvent *event)
-{
-    QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        showInactiveSelection();
-}
-
-void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-    else
-        QTextEdit::dragEnterEvent(event);
-}
-
-void RichTextBox::dragMoveEvent(QDragMoveEvent *event)
-{
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-    else
-        QTextEdit::dragMoveEvent(event);
-}
-
-void RichTextBox::dropEvent(QDropEvent *event)
-{
-    const QStringList paths = localFiles(*event->mimeData());
-    if (!paths.isEmpty()) {
-        event->acceptProposedAction();
-        Q_EMIT filesDropped(paths);
-        return;
-    }
-    if (canInsertFromMimeData(event->mimeData()))
-        Q_EMIT aboutToChange(ChangeReason::Drop);
-    QTextEdit::dropEvent(event);
-}
-
-QMimeData *RichTextBox::createMimeDataFromSelection() const
-{
-    auto plain = std::make_unique<QMimeData>();
-    plain->setText(SelText());
-    return plain.release();
-}
-
-bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
-{
-    return source->hasText();
-}
-
-void RichTextBox::insertFromMimeData(const QMimeData *source)
-{
-    setSelText(source->text());
 }

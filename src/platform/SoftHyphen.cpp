@@ -4,6 +4,8 @@
 #include <QGlyphRun>
 #include <QPainter>
 #include <QRawFont>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextObjectInterface>
 
@@ -33,7 +35,7 @@ QRawFont rawFont(const QTextDocument &document, const QTextFormat &format)
 /// The font's glyph for U+00AD, or its hyphen where it has none.
 quint32 glyph(const QRawFont &font)
 {
-    const QChar shown = font.supportsCharacter(SoftHyphen) ? SoftHyphen : QChar(u'-');
+    const QChar shown = font.supportsCharacter(softHyphen) ? softHyphen : QChar(u'-');
     const QList<quint32> glyphs = font.glyphIndexesForString(shown);
     return glyphs.isEmpty() ? 0 : glyphs.front();
 }
@@ -66,6 +68,25 @@ void showSoftHyphens(QTextDocument &document)
 {
     QAbstractTextDocumentLayout *layout = document.documentLayout();
     layout->registerHandler(QTextFormat::NoObject, new SoftHyphenObject(layout));
+}
+
+void holdSoftHyphens(QTextDocument &document)
+{
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QString text = block.text();
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            if (text[i] != softHyphen && text[i] != shownSoftHyphen)
+                continue;
+            cursor.setPosition(block.position() + int(i));
+            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+            const QChar held =
+                text[i] == softHyphen ? shownSoftHyphen : QChar(QChar::ReplacementCharacter);
+            cursor.insertText(held, cursor.charFormat());
+        }
+    }
+    cursor.endEditBlock();
 }
 
 #include "SoftHyphen.moc"
