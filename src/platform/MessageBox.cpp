@@ -11,5 +11,6 @@ QMessageBox::StandardButton showMessage(QWidget *window, const Message &message)
                     message.text, message.buttons, window);
     box.setObjectName(QStringLiteral("messageBox"));
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(message.defaultButton);
     return QMessageBox::StandardButton(box.exec());
 }

@@ -13,6 +13,7 @@ struct Message
     QString title = {}; ///< empty for the program's title
     QMessageBox::Icon icon = QMessageBox::NoIcon;
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton; ///< none: the first one
 };
 
 /// Shows a message box over `window` (may be null) and waits for the answer; closing the box
