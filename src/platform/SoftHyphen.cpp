@@ -76,7 +76,11 @@ void SoftHyphenObject::drawObject(QPainter *painter, const QRectF &place, QTextD
     QGlyphRun run;
     run.setRawFont(shown.font);
     run.setGlyphIndexes({shown.glyph});
-    run.setPositions({QPointF(0, 0)});
+    // Layout shifts characters with a baseline offset, a percentage of their height, but no
+    // objects.
+    const double height = shown.font.ascent() + shown.font.descent();
+    const double rise = format.toCharFormat().baselineOffset() * height / 100;
+    run.setPositions({QPointF(0, -rise)});
     painter->save();
     if (format.hasProperty(QTextFormat::ForegroundBrush))
         painter->setPen(format.foreground().color());
