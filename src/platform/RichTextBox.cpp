@@ -26,6 +26,15 @@ bool isWholeWord(QStringView text, qsizetype position, qsizetype length)
     return !endsWord(text.first(position)) && !beginsWord(text.sliced(position + length));
 }
 
+/// Replaces what the cursor selects by a text of that format.
+void replace(QTextCursor &cursor, const QString &text, const QTextCharFormat &format)
+{
+    cursor.beginEditBlock();
+    cursor.insertText(documentText(text), format);
+    keepFormatOfEmptyParagraph(cursor, format);
+    cursor.endEditBlock();
+}
+
 } // namespace
 
 RichTextBox::RichTextBox(QWidget *parent) : QTextEdit(parent)
@@ -77,12 +86,10 @@ int RichTextBox::TextLength() const
 
 void RichTextBox::setText(const QString &text)
 {
+    const QTextCharFormat format = firstFormat(*document());
     QTextCursor all(document());
-    all.movePosition(QTextCursor::NextCharacter);
-    const QTextCharFormat format = all.charFormat();
-    all.setPosition(0);
     all.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-    all.insertText(documentText(text), format);
+    replace(all, text, format);
     setSelStart(0);
 }
 
@@ -117,7 +124,7 @@ QString RichTextBox::SelText() const
 void RichTextBox::setSelText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text), insertionFormat(cursor));
+    replace(cursor, text, insertionFormat(cursor));
     setTextCursor(cursor);
 }
 
