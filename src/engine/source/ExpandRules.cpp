@@ -205,7 +205,7 @@ QByteArray LineExpander::leavesTag(const ConditionChoice &after, const SignCompo
         fail(QStringLiteral("there is no letter whose form could be left"));
         return {};
     }
-    const QByteArray text = tagText(tag, *composer.form());
+    QByteArray text = tagText(tag, *composer.form());
     forms_.insert({text, KnownForm{tag.kind, *composer.form(), tag.suffix}});
     return text;
 }

@@ -107,7 +107,7 @@ Tokens takeUntil(Tokens &tokens, const char *word)
     qsizetype length = 0;
     while (length < tokens.size() && !tokens.at(length).isWord(word))
         ++length;
-    const Tokens taken = tokens.first(length);
+    Tokens taken = tokens.first(length);
     tokens.remove(0, qMin(length + 1, tokens.size()));
     return taken;
 }
