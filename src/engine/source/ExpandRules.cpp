@@ -82,10 +82,13 @@ private:
     Bindings bindings_;
     QByteArray roman_;
     bool hasLetter_ = false;
+    bool isEnded_ = false; ///< a rule that does not fit is found once, and there is a most of all
 };
 
 void LineExpander::expandPattern(size_t part)
 {
+    if (isEnded_)
+        return;
     if (part == rule_.pattern.size()) {
         expandConditions();
         return;
@@ -119,6 +122,8 @@ void LineExpander::expandConditions()
     const Bindings bindings = bindings_;
     for (const ConditionChoice &after : afterChoices) {
         for (const ConditionChoice &before : beforeChoices) {
+            if (isEnded_)
+                return;
             for (const ConditionChoice *choice : {&after, &before}) {
                 if (choice->entry != nullptr)
                     bindings_.insert(choice->table, choice->entry);
@@ -165,8 +170,10 @@ void LineExpander::emitRule(const ConditionChoice &after, const ConditionChoice 
     hasLetter_ = false;
     addSigns(rule_.signs, after.known, composer);
     const QByteArray codes = composer.codes();
-    result_.records.push_back({rule_.line, ModeRule{roman_, codes, before.field, after.field,
-                                                    leavesTag(after, composer)}});
+    const ModeRule rule{roman_, codes, before.field, after.field, leavesTag(after, composer)};
+    result_.records.push_back({rule_.line, rule});
+    isEnded_ =
+        textLength(rule) > maximumTextLengthOfRule || result_.records.size() > maximumRecords;
 }
 
 void LineExpander::addSigns(const SignList &signs, const std::optional<KnownForm> &known,
@@ -225,11 +232,10 @@ ExpandedRules expandOnce(const ModeSource &source, KnownForms &forms)
             result.records.push_back({raw->line, raw->bytes});
         else
             LineExpander(source, std::get<RuleLine>(statement), forms, result).expand();
-        if (result.records.size() > size_t(ModeTable::maximumRules)) {
+        if (result.records.size() > maximumRecords) {
             const int line = result.records.back().place;
             result.problems.append(
-                {line,
-                 QStringLiteral("a mode holds at most %1 rules").arg(ModeTable::maximumRules)});
+                {line, QStringLiteral("a source has at most %1 records").arg(maximumRecords)});
             break;
         }
     }

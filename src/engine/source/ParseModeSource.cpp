@@ -27,6 +27,7 @@
 
 #include "engine/source/ParseModeSource.h"
 
+#include "engine/CodedText.h"
 #include "engine/LoadMode.h"
 
 namespace {
@@ -246,7 +247,10 @@ void Parser::readEntry(const Tokens &tokens)
         if (const SourceTable *other = table(tokens.first().text)) {
             const SourceTable entries = *other;
             SourceTable &open = result_.source.tables[openTable_];
-            open.insert(open.end(), entries.begin(), entries.end());
+            if (open.size() + entries.size() > maximumRecords)
+                fail(QStringLiteral("a table has at most %1 entries").arg(maximumRecords));
+            else
+                open.insert(open.end(), entries.begin(), entries.end());
         }
         return;
     }
@@ -275,12 +279,14 @@ void Parser::readRaw(const Tokens &tokens)
 
 void Parser::readUnused(const Tokens &tokens)
 {
-    constexpr int maximumUnused = 1'000'000;
     bool isNumber = false;
     const int count = tokens.size() == 1 ? tokens.first().text.toInt(&isNumber) : 0;
-    if (!isNumber || count < 1 || count > maximumUnused) {
-        fail(QStringLiteral("'unused' is followed by a number of records, 1 to %1")
-                 .arg(maximumUnused));
+    if (!isNumber || count < 1) {
+        fail(QStringLiteral("'unused' is followed by a number of records"));
+        return;
+    }
+    if (result_.source.statements.size() + static_cast<size_t>(count) > maximumRecords) {
+        fail(QStringLiteral("a source has at most %1 records").arg(maximumRecords));
         return;
     }
     const RawRecord record{line_, QByteArray(RuleRecordLength, '\0')};
@@ -329,6 +335,8 @@ std::vector<PatternItem> Parser::readPattern(const Tokens &tokens)
     }
     if (tokens.isEmpty())
         fail(QStringLiteral("a rule begins with the text that it matches"));
+    if (tokens.size() > maximumWindow)
+        fail(QStringLiteral("a rule matches at most %1 characters").arg(maximumWindow));
     return pattern;
 }
 

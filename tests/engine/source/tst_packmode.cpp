@@ -27,6 +27,8 @@ private Q_SLOTS:
     void header();
     void padding();
     void reportsEveryProblem();
+    void tooManyRules();
+    void tablesStayBounded();
 };
 
 namespace {
@@ -188,7 +190,8 @@ void tst_PackMode::refusesStatements_data()
     addRefusal("raw x", "2: 'raw' is followed by a record in quotes");
     addRefusal("raw \"1234567890123456789012345678901234567\"", "2: a record holds 36 bytes");
     addRefusal("raw \"short\"\na -> tinco", "2: only the last record may be shorter than 36 bytes");
-    addRefusal("unused 0", "2: 'unused' is followed by a number of records, 1 to 1000000");
+    addRefusal("unused 0", "2: 'unused' is followed by a number of records");
+    addRefusal("unused 99999\nunused 2", "3: a source has at most 100000 records");
     addRefusal("nonsense", "2: a rule has one '->'; this line is no statement either");
     addRefusal("  a tinco", "2: an indented line belongs to a table, and there is none above it");
 }
@@ -221,6 +224,11 @@ void tst_PackMode::refusesRules_data()
     addRefusal("-> tinco", "2: a rule begins with the text that it matches");
     addRefusal("<c> -> tinco", "2: there is no table 'c' above this line");
     addRefusal("a -> tinco -> ando", "2: a rule has one '->'; this line is no statement either");
+    addRefusal("a b c d e f g h i j k l m n o p q -> tinco",
+               "2: a rule matches at most 16 characters");
+    addRefusal("table d: 0, 1, 2, 3, 4, 5, 6, 7, 8, 9\ntable e: <d>\ntable f: <d>\ntable g: <d>\n"
+               "table h: <d>\ntable i: <d>\n<d> <e> <f> <g> <h> <i> ->",
+               "8: a source has at most 100000 records");
     addRefusal("a after -> tinco", "2: 'after' takes 'start', 'head', 'foot', a tag or a table");
     addRefusal("a before end | -> tinco", "2: 'before' takes 'end', a character or a table");
     addRefusal("a -> tinco leaving", "2: 'leaving' takes 'head', 'foot' or a tag");
@@ -328,6 +336,27 @@ void tst_PackMode::reportsEveryProblem()
     const PackedMode packed = packMode(modeLine + QStringLiteral("a -> tinko\n\nb -> andoo"));
     QCOMPARE(problemsOf(packed),
              list({"2: there is no sign 'tinko'", "4: there is no sign 'andoo'"}));
+}
+
+void tst_PackMode::tooManyRules()
+{
+    QString source = modeLine + QStringLiteral("table d: 0, 1, 2, 3, 4, 5, 6, 7, 8, 9\n");
+    for (const QChar table : QStringLiteral("efg"))
+        source += QStringLiteral("table %1: <d>\n").arg(table);
+    const QString tenThousand = QStringLiteral("<d> <e> <f> <g> %1 ->\n");
+    for (const QChar ending : QStringLiteral("abc"))
+        source += tenThousand.arg(ending);
+    QCOMPARE(problemsOf(packMode(source)), QStringList());
+    source += tenThousand.arg(u'd');
+    QCOMPARE(problemsOf(packMode(source)), list({"9: a mode holds at most 32766 rules"}));
+}
+
+void tst_PackMode::tablesStayBounded()
+{
+    QString source = modeLine + QStringLiteral("table t: a\n");
+    for (int doublings = 0; doublings < 17; ++doublings)
+        source += QStringLiteral("  <t>\n");
+    QCOMPARE(problemsOf(packMode(source)), list({"19: a table has at most 100000 entries"}));
 }
 
 QTEST_GUILESS_MAIN(tst_PackMode)
