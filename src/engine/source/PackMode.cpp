@@ -50,8 +50,11 @@ PackedMode packMode(const QString &source)
     const QByteArray header = parsed.source.header.value_or(QByteArray());
     ExpandedRules expanded = expandRules(parsed.source);
     packed.records = std::move(expanded.records);
+    packed.problems = std::move(expanded.problems);
+    if (!packed.problems.isEmpty())
+        return packed;
     packed.problems =
-        expanded.problems + findShortRecords(packed.records) + findRulesTooMany(packed.records) +
+        findShortRecords(packed.records) + findRulesTooMany(packed.records) +
         findRuleFaults(packed.records, headerCaseMode(header), QStringLiteral("line"));
     std::ranges::stable_sort(packed.problems, {}, &SourceProblem::line);
     if (!packed.problems.isEmpty())
