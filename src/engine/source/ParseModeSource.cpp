@@ -43,8 +43,7 @@ public:
         for (const QStringView line : QStringView(text).tokenize(u'\n')) {
             ++line_;
             QString problem;
-            const TokenizedLine tokens =
-                tokenizeSourceLine(line.trimmed().isEmpty() ? u"" : line, problem);
+            const TokenizedLine tokens = tokenizeSourceLine(line, problem);
             if (!problem.isEmpty())
                 fail(problem);
             else if (!tokens.tokens.isEmpty())
