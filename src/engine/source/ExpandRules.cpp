@@ -1,5 +1,6 @@
 #include "engine/source/ExpandRules.h"
 
+#include "engine/CodePage.h"
 #include "engine/ModeTable.h"
 #include "engine/source/ComposeSigns.h"
 
@@ -191,7 +192,7 @@ void LineExpander::addSigns(const SignList &signs, const std::optional<KnownForm
                 addSigns(entry->signs, known, composer);
             else
                 fail(QStringLiteral("the table '%1' is not named in front of '->'")
-                         .arg(QString::fromLatin1(group->table)));
+                         .arg(fromCodePage(group->table)));
         } else {
             const Mark &mark = *std::get<const Mark *>(sign);
             const bool isPlaced = hasLetter_ || (known && isTold(*known, mark.kind));

@@ -179,8 +179,8 @@ void tst_PackMode::refusesTokens()
 void tst_PackMode::refusesStatements_data()
 {
     addRefusalColumns();
-    addRefusal("mode \"Twice\"\nheader \"x\"",
-               "1: a source has either a 'mode' line or a 'header' line");
+    addRefusal("header \"x\"", "1: a source has either a 'mode' line or a 'header' line");
+    addRefusal("mode \"Twice\"", "2: there is already a 'mode' line");
     addRefusal("mode", "2: 'mode' is followed by the comment in quotes");
     addRefusal("mode \"1234567890123456789012345678901234\"",
                "2: the comment has 34 characters; a header holds 33");
