@@ -54,9 +54,8 @@ PaneKeys::PaneKeys(QWidget &window, UndoJournal &journal, PaneCommands commands)
 
 void PaneKeys::watch(RichTextBox &pane, PaneCode code)
 {
-    connect(&pane, &RichTextBox::keyDown, this, [this, code](KeyPress &key) {
-        runCommand(&window_, [&] { RTBKeyDowns(code, key); });
-    });
+    connect(&pane, &RichTextBox::keyDown, this,
+            [this, code](KeyPress &key) { runCommand(&window_, [&] { RTBKeyDowns(code, key); }); });
     connect(&pane, &RichTextBox::aboutToChange, this, [this, code](ChangeReason reason) {
         runCommand(&window_, [&] { prepareChange(code, reason); });
     });

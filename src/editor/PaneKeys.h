@@ -12,7 +12,8 @@ enum class ChangeReason;
 struct KeyPress;
 
 /// What the keys of a pane do beside typing. None of them may be empty.
-struct PaneCommands {
+struct PaneCommands
+{
     using Command = std::function<void(PaneCode)>;
 
     Command Undo;

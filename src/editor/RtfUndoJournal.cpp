@@ -27,8 +27,7 @@ QString entryName(QLatin1StringView prefix, qint16 entry)
 }
 
 /// The error that an operation ends with; none if it succeeds.
-template<typename Operation>
-std::optional<RuntimeError> errorOf(Operation operation)
+template<typename Operation> std::optional<RuntimeError> errorOf(Operation operation)
 {
     try {
         operation();
@@ -55,17 +54,16 @@ void tellNotUndone(QWidget &window, const RuntimeError &error)
         return;
     }
     const QString number = QString::number(static_cast<int>(error.number()));
-    showMessage(&window,
-                {.text = error.description() + QStringLiteral(" (Error #%1.)").arg(number),
-                 .title = QStringLiteral("Error"),
-                 .icon = QMessageBox::Critical});
+    showMessage(&window, {.text = error.description() + QStringLiteral(" (Error #%1.)").arg(number),
+                          .title = QStringLiteral("Error"),
+                          .icon = QMessageBox::Critical});
 }
 
 } // namespace
 
 RtfUndoJournal::RtfUndoJournal(const Parts &parts)
-    : window_(parts.window), folder_(parts.folder),
-      histories_{History{parts.source, "rom"_L1}, History{parts.target, "tng"_L1}}
+    : window_(parts.window), folder_(parts.folder), histories_{History{parts.source, "rom"_L1},
+                                                               History{parts.target, "tng"_L1}}
 {
 }
 
@@ -105,8 +103,8 @@ void RtfUndoJournal::RedoLast(PaneCode pane)
 void RtfUndoJournal::UpdateUndoButtons(PaneCode pane)
 {
     if (const History *shown = history(pane))
-        Q_EMIT undoStateChanged({.canUndo = shown->UndoPos != 0,
-                                 .canRedo = shown->UndoPos < shown->UndoTop});
+        Q_EMIT undoStateChanged(
+            {.canUndo = shown->UndoPos != 0, .canRedo = shown->UndoPos < shown->UndoTop});
 }
 
 void RtfUndoJournal::ClearUndoFiles(const QString &pattern)

@@ -10,7 +10,8 @@ class QWidget;
 class RichTextBox;
 
 /// What Undo and Redo can do for a pane.
-struct UndoState {
+struct UndoState
+{
     bool canUndo = false;
     bool canRedo = false;
 

@@ -68,8 +68,7 @@ void FileDialog::done(int result)
             return;
         if (const auto complaint = request_.refusal(file)) {
             showMessage(
-                this,
-                {.text = *complaint, .title = request_.title, .icon = QMessageBox::Warning});
+                this, {.text = *complaint, .title = request_.title, .icon = QMessageBox::Warning});
             return;
         }
     }
@@ -80,9 +79,8 @@ bool FileDialog::mayReplace(const QString &path)
 {
     if (!QFileInfo(path).isFile())
         return true;
-    const Message question = {.text =
-                                  path + QStringLiteral(" already exists.\n"
-                                                        "Do you want to replace it?"),
+    const Message question = {.text = path + QStringLiteral(" already exists.\n"
+                                                            "Do you want to replace it?"),
                               .title = request_.title,
                               .icon = QMessageBox::Warning,
                               .buttons = QMessageBox::Yes | QMessageBox::No,
