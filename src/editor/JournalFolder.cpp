@@ -61,12 +61,12 @@ void JournalFolder::takeFolderInCache(const QString &runs)
 void JournalFolder::write(const QString &name, QByteArrayView bytes) const
 {
     QFile file(path_ + QLatin1Char('/') + name);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         const bool hasFolder = QFileInfo(path_).isDir();
         throw RuntimeError(hasFolder ? ErrorNumber::PathFileAccess : ErrorNumber::PathNotFound,
                            file.fileName());
     }
-    if (file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush())
+    if (file.write(bytes.data(), bytes.size()) == bytes.size())
         return;
     file.remove();
     throw RuntimeError(ErrorNumber::DiskFull, file.fileName());
