@@ -9,9 +9,10 @@
 #include "app/ToolbarCombo.h"
 #include "editor/ApplyFormFonts.h"
 #include "editor/FormatDisplay.h"
-#include "editor/ModeList.h"
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
+#include "engine/run/FillModeList.h"
+#include "engine/run/TranscriptionRun.h"
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
@@ -62,7 +63,7 @@ Form1::Form1(SharedState &state) : state_(state), controls_(), commands_(*this)
 void Form1::Load(const FormSubjects &subjects, const QStringList &fonts)
 {
     subjects_.emplace(subjects);
-    subjects_->modes.FillModeList(*controls_.cboModeName);
+    FillModeList(*controls_.cboModeName, state_.Settings);
     FillFontList(fonts);
     fillFontSizes(*controls_.cboFontSize);
     setWindowTitle(programTitle());
@@ -169,6 +170,11 @@ void Form1::changeEvent(QEvent *event)
 
 void Form1::closeEvent(QCloseEvent *event)
 {
+    if (subjects_->run.isRunning()) {
+        event->ignore();
+        subjects_->run.whenIdle([this] { close(); });
+        return;
+    }
     SaveAnswer answer = SaveAnswer::Cancel;
     runCommand(this, [&] { answer = subjects_->documents.AskSaveChanges(PaneCode::Both); });
     event->setAccepted(answer != SaveAnswer::Cancel);
@@ -229,5 +235,5 @@ void Form1::activatePane(PaneCode code)
 
 void Form1::fillModeList()
 {
-    subjects_->modes.FillModeList(*controls_.cboModeName);
+    FillModeList(*controls_.cboModeName, state_.Settings);
 }

@@ -9,15 +9,15 @@
 #include <optional>
 
 class FormatDisplay;
-class ModeList;
 class RichTextBox;
+class TranscriptionRun;
 class UndoJournal;
 struct SharedState;
 
-/// The classes above the window that it calls when something happens in it.
+/// The classes beside the window that it calls when something happens in it.
 struct FormSubjects
 {
-    ModeList &modes;
+    TranscriptionRun &run;
     Documents &documents;
     UndoJournal &journal;
     FormatDisplay &format;

@@ -42,7 +42,7 @@ void RtfFontTable::addName(QStringView text)
 
 const RtfFont &RtfFontTable::font(int number, int otherwise) const
 {
-    static const RtfFont none;
+    static const RtfFont none{QStringLiteral("Times New Roman"), 0, std::nullopt};
     auto found = fonts_.constFind(number);
     if (found == fonts_.constEnd())
         found = fonts_.constFind(otherwise);

@@ -219,7 +219,7 @@ const Switch &Writer::characterSwitch(const QTextCharFormat &format, int index)
     Switch made{characterWords(attributes)};
     if (attributes.isSymbolFont())
         made.encoding = Encoding::Symbol;
-    else if (attributes.charset != 0 && !isTengwarFont(attributes.family))
+    else if (attributes.charset != 0 && attributes.charset != symbolCharset)
         made.encoding = Encoding::Unicode;
     return *characterSwitches_.insert(index, made);
 }
