@@ -456,7 +456,7 @@ void tst_RtfUndoJournal::releasesReplacedDocuments()
         f.undo();
         f.redo();
     }
-    QCOMPARE(documents(), before);
+    QTRY_COMPARE(documents(), before);
 }
 
 void tst_RtfUndoJournal::recordsQuickly()

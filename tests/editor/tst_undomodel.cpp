@@ -127,6 +127,7 @@ void tst_UndoModel::followsTheModel()
             model.record();
             edit(pane, model, random);
         }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         const QByteArray place = "at step " + QByteArray::number(step);
         QVERIFY2(pane.Text() == model.present, place.constData());
         QVERIFY2(journal.UndoTop(told) == model.top(), place.constData());
