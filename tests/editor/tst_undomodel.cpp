@@ -1,8 +1,10 @@
 #include "editor/JournalFolder.h"
-#include "editor/PanesFixture.h"
 #include "editor/RtfUndoJournal.h"
+#include "platform/RichTextBox.h"
 
 #include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
 #include <array>
 
 namespace {
@@ -68,7 +70,7 @@ QString randomText(QRandomGenerator &random)
 void edit(RichTextBox &pane, Model &model, QRandomGenerator &random)
 {
     const int start = int(random.bounded(model.present.size() + 1));
-    const int length = random.bounded(6);
+    const int length = random.bounded(12);
     pane.setSelStart(start);
     pane.setSelLength(length);
     // the control never splits the two characters of a line break
@@ -98,9 +100,12 @@ void tst_UndoModel::followsTheModel()
     qInfo("seed %u (QUILLON_SEED sets it)", seed);
     QRandomGenerator random(seed);
 
-    PanesFixture f;
-    const JournalFolder folder(f.folder.path(), f.path(QStringLiteral("cache")));
-    RtfUndoJournal journal({f.window, *f.source, *f.target, folder});
+    const QTemporaryDir files;
+    const JournalFolder folder(files.path(), files.filePath(QStringLiteral("cache")));
+    QWidget window; // never shown, like its panes: only texts count here
+    RichTextBox source(&window);
+    RichTextBox target(&window);
+    RtfUndoJournal journal({window, source, target, folder});
     std::array<UndoState, 2> buttons;
     PaneCode told = PaneCode::None;
     connect(&journal, &RtfUndoJournal::undoStateChanged, this,
@@ -110,7 +115,7 @@ void tst_UndoModel::followsTheModel()
     for (int step = 0; step < steps; ++step) {
         const size_t which = random.bounded(2U);
         told = which == 0 ? PaneCode::Source : PaneCode::Target;
-        RichTextBox &pane = which == 0 ? *f.source : *f.target;
+        RichTextBox &pane = which == 0 ? source : target;
         Model &model = models[which];
         switch (random.bounded(5)) {
         case 0:
@@ -137,7 +142,7 @@ void tst_UndoModel::followsTheModel()
 
     for (const PaneCode code : {PaneCode::Source, PaneCode::Target}) {
         Model &model = models[code == PaneCode::Source ? 0 : 1];
-        const RichTextBox &pane = code == PaneCode::Source ? *f.source : *f.target;
+        const RichTextBox &pane = code == PaneCode::Source ? source : target;
         told = code;
         while (model.pos() > 0) {
             journal.UndoLast(code);

@@ -13,7 +13,8 @@
 #include <QTest>
 
 /// The main window with subjects that write down what they are asked.
-struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
+struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay
+{
     SharedState state;
     QStringList calls;
     SaveAnswer saveAnswer = SaveAnswer::Proceed;
@@ -31,8 +32,7 @@ struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
         calls.clear();
     }
 
-    template<typename Control = QWidget>
-    [[nodiscard]] Control *find(const char *name) const
+    template<typename Control = QWidget> [[nodiscard]] Control *find(const char *name) const
     {
         auto *control = form.findChild<Control *>(QLatin1StringView(name));
         if (!control)
