@@ -19,7 +19,8 @@ class QTextList;
 /// - A paragraph is a block. A soft line break is U+2028 and a page break U+000C, each one
 /// character
 ///   of its block's text. U+000C draws as nothing; applyPageBreaks() makes it break pages.
-/// - U+00A0 and U+00AD are characters like any other.
+/// - U+00A0 and U+00AD are characters like any other. Text layout hides U+00AD, so that a document
+///   that is shown may hold U+FFFC in its place; it is written as U+00AD.
 /// - Lengths are kept in twips (1/20 point) in properties of our own, so that they come back as
 /// they
 ///   were set. The properties that Qt lays out by are derived from them and never read back.

@@ -78,6 +78,9 @@ void appendCharacter(QByteArray &out, char16_t character, Encoding encoding)
     case QChar::Nbsp:
         out.append("\\~");
         return;
+    case QChar::ObjectReplacementCharacter:
+        character = QChar::SoftHyphen; // shown as an object; see RtfFormat.h
+        break;
     default:
         break;
     }
