@@ -9,9 +9,9 @@
 #include "app/ToolbarCombo.h"
 #include "editor/ApplyFormFonts.h"
 #include "editor/FormatDisplay.h"
-#include "editor/ModeList.h"
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
+#include "engine/run/FillModeList.h"
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
@@ -62,7 +62,7 @@ Form1::Form1(SharedState &state) : state_(state), controls_(), commands_(*this)
 void Form1::Load(const FormSubjects &subjects, const QStringList &fonts)
 {
     subjects_.emplace(subjects);
-    subjects_->modes.FillModeList(*controls_.cboModeName);
+    refillModeList();
     FillFontList(fonts);
     fillFontSizes(*controls_.cboFontSize);
     setWindowTitle(programTitle());
@@ -142,6 +142,11 @@ void Form1::IndicateRTB(const RichTextBox &pane)
     subjects_->format.ShowSelText(pane);
 }
 
+void Form1::refillModeList()
+{
+    FillModeList(*controls_.cboModeName, state_.Settings);
+}
+
 void Form1::SetRTBFocus()
 {
     if (RichTextBox *active = pane(state_.ActivePane))
@@ -206,9 +211,9 @@ void Form1::wireKeys(const QList<QAction *> &menuItems)
     auto *preview = new KeyPreview(*this);
     connect(preview, &KeyPreview::abortPressed, this, [this] { state_.AbortRequested = true; });
     connect(preview, &KeyPreview::refreshPressed, this,
-            [this] { runCommand(this, [this] { fillModeList(); }); });
+            [this] { runCommand(this, [this] { refillModeList(); }); });
     for (QWidget *control : centralWidget()->findChildren<QWidget *>()) {
-        if (control->focusPolicy() != Qt::NoFocus)
+        if (control->focusPolicy() != Qt::NoFocus && !control->focusProxy())
             preview->watch(*control);
     }
     auto *shortcuts = new PaneShortcuts(menuItems, this);
@@ -225,9 +230,4 @@ void Form1::activatePane(PaneCode code)
         IndicateRTB(*pane(code));
         subjects_->journal.UpdateUndoButtons(code);
     });
-}
-
-void Form1::fillModeList()
-{
-    subjects_->modes.FillModeList(*controls_.cboModeName);
 }

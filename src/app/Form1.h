@@ -9,7 +9,6 @@
 #include <optional>
 
 class FormatDisplay;
-class ModeList;
 class RichTextBox;
 class UndoJournal;
 struct SharedState;
@@ -17,7 +16,6 @@ struct SharedState;
 /// The classes above the window that it calls when something happens in it.
 struct FormSubjects
 {
-    ModeList &modes;
     Documents &documents;
     UndoJournal &journal;
     FormatDisplay &format;
@@ -70,6 +68,9 @@ public:
     /// Shows the format and the selection of the pane.
     void IndicateRTB(const RichTextBox &pane);
 
+    /// Reads the folder of modes into the list of modes.
+    void refillModeList();
+
     /// Gives the focus to the active pane, if there is one.
     void SetRTBFocus();
 
@@ -87,7 +88,6 @@ private:
     void wireCombos();
     void wireKeys(const QList<QAction *> &menuItems);
     void activatePane(PaneCode code);
-    void fillModeList();
 
     SharedState &state_;
     FormControls controls_;

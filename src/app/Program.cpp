@@ -94,7 +94,7 @@ void Program::loadForm()
     form_ = std::make_unique<Form1>(state_);
     connectWindowCommands(*form_, state_);
     connect(form_.get(), &Form1::unloaded, this, &Program::unload);
-    form_->Load({modes_, documents_, journal_, format_}, fonts_);
+    form_->Load({documents_, journal_, format_}, fonts_);
 }
 
 void Program::unload()

@@ -39,6 +39,5 @@ private:
     EmptyDocuments documents_;
     NoJournal journal_;
     NoFormatDisplay format_;
-    NoModes modes_;
     std::unique_ptr<Form1> form_;
 };

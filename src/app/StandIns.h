@@ -2,7 +2,6 @@
 
 #include "editor/Documents.h"
 #include "editor/FormatDisplay.h"
-#include "editor/ModeList.h"
 #include "editor/UndoJournal.h"
 #include "platform/RichTextBox.h"
 
@@ -29,11 +28,4 @@ class NoFormatDisplay final : public FormatDisplay
 public:
     void ShowFormat(const RichTextBox &) override {}
     void ShowSelText(const RichTextBox &) override {}
-};
-
-/// There are no modes.
-class NoModes final : public ModeList
-{
-public:
-    void FillModeList(QComboBox &) override {}
 };

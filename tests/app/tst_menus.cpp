@@ -195,6 +195,8 @@ void tst_Menus::everyItemHasANameOfItsOwn()
     const FormFixture fixture;
     QSet<QString> names;
     for (const QMenu *menu : fixture.form.menuBar()->findChildren<QMenu *>()) {
+        if (menu->title().isEmpty())
+            continue; // the menu bar's own, for what doesn't fit
         QVERIFY2(menu->objectName().startsWith(u"mnu"), qPrintable(menu->title()));
         for (const QAction *item : menu->actions()) {
             if (item->menu())

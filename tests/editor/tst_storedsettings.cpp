@@ -52,7 +52,8 @@ void tst_StoredSettings::numbers()
 void tst_StoredSettings::numbersBeyondRange_data()
 {
     QTest::addColumn<QString>("stored");
-    for (const char *stored : {"32768", "-32769", "32767.6", "1e300", "inf", "99999999999999999999"})
+    for (const char *stored :
+         {"32768", "-32769", "32767.6", "1e300", "inf", "99999999999999999999"})
         QTest::newRow(stored) << QString::fromLatin1(stored);
 }
 

@@ -4,7 +4,6 @@
 #include "app/Form1.h"
 #include "app/WindowCommands.h"
 #include "editor/FormatDisplay.h"
-#include "editor/ModeList.h"
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
 #include "platform/RichTextBox.h"
@@ -13,7 +12,8 @@
 #include <QTest>
 
 /// The main window with subjects that write down what they are asked.
-struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
+struct FormFixture final : Documents, UndoJournal, FormatDisplay
+{
     SharedState state;
     QStringList calls;
     SaveAnswer saveAnswer = SaveAnswer::Proceed;
@@ -22,7 +22,7 @@ struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
     explicit FormFixture(const QSize &size = {900, 600})
     {
         connectWindowCommands(form, state);
-        form.Load({*this, *this, *this, *this},
+        form.Load({*this, *this, *this},
                   {QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")});
         form.resize(size);
         form.restoreSplit(form.innerWidth() / 2);
@@ -31,8 +31,7 @@ struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
         calls.clear();
     }
 
-    template<typename Control = QWidget>
-    [[nodiscard]] Control *find(const char *name) const
+    template<typename Control = QWidget> [[nodiscard]] Control *find(const char *name) const
     {
         auto *control = form.findChild<Control *>(QLatin1StringView(name));
         if (!control)
@@ -41,10 +40,6 @@ struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay {
     }
     [[nodiscard]] QAction *action(const char *name) const { return find<QAction>(name); }
 
-    void FillModeList(QComboBox &list) override
-    {
-        calls += QStringLiteral("FillModeList ") + list.objectName();
-    }
     void NewDocument(RichTextBox &pane) override
     {
         calls += QStringLiteral("NewDocument ") + pane.objectName();

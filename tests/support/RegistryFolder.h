@@ -7,7 +7,8 @@
 #include <QTemporaryDir>
 
 /// A registry of its own in a folder that vanishes with it.
-struct RegistryFolder {
+struct RegistryFolder
+{
     QTemporaryDir folder;
     FileRegistryStore store{folder.filePath(QStringLiteral("user.ini")),
                             folder.filePath(QStringLiteral("system.ini"))};
