@@ -12,6 +12,7 @@
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
 #include "engine/run/FillModeList.h"
+#include "engine/run/TranscriptionRun.h"
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
@@ -174,6 +175,11 @@ void Form1::changeEvent(QEvent *event)
 
 void Form1::closeEvent(QCloseEvent *event)
 {
+    if (subjects_->run.isRunning()) {
+        event->ignore();
+        subjects_->run.whenIdle([this] { close(); });
+        return;
+    }
     SaveAnswer answer = SaveAnswer::Cancel;
     runCommand(this, [&] { answer = subjects_->documents.AskSaveChanges(PaneCode::Both); });
     event->setAccepted(answer != SaveAnswer::Cancel);

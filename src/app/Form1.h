@@ -10,12 +10,14 @@
 
 class FormatDisplay;
 class RichTextBox;
+class TranscriptionRun;
 class UndoJournal;
 struct SharedState;
 
-/// The classes above the window that it calls when something happens in it.
+/// The classes beside the window that it calls when something happens in it.
 struct FormSubjects
 {
+    TranscriptionRun &run;
     Documents &documents;
     UndoJournal &journal;
     FormatDisplay &format;

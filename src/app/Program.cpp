@@ -1,12 +1,14 @@
 #include "app/Program.h"
 
 #include "app/Form1.h"
+#include "app/TranscriptionCommands.h"
 #include "app/WindowCommands.h"
 #include "app/WindowPlacement.h"
 #include "app/frmSplash.h"
 #include "editor/DefaultFonts.h"
 #include "editor/SettingKeys.h"
 #include "editor/StandardUnit.h"
+#include "engine/run/TranscriptionRun.h"
 #include "platform/FontList.h"
 #include "platform/RunCommand.h"
 
@@ -94,7 +96,13 @@ void Program::loadForm()
     form_ = std::make_unique<Form1>(state_);
     connectWindowCommands(*form_, state_);
     connect(form_.get(), &Form1::unloaded, this, &Program::unload);
-    form_->Load({documents_, journal_, format_}, fonts_);
+    run_ = std::make_unique<TranscriptionRun>(
+        state_,
+        TranscriptionRun::Parts{*form_, *form_->controls().rtbRoman, *form_->controls().rtbTengwar,
+                                journal_, form_->tmrStatus(), form_->tmrAutoGenerate()},
+        [this] { showModes(*form_, state_); });
+    connectTranscriptionCommands(*form_, state_, *run_);
+    form_->Load({*run_, documents_, journal_, format_}, fonts_);
 }
 
 void Program::unload()

@@ -9,6 +9,7 @@
 #include <memory>
 
 class Form1;
+class TranscriptionRun;
 
 /// The program from its start to its end. It owns what all others share.
 class Program final : public QObject
@@ -40,4 +41,5 @@ private:
     NoJournal journal_;
     NoFormatDisplay format_;
     std::unique_ptr<Form1> form_;
+    std::unique_ptr<TranscriptionRun> run_;
 };

@@ -1,6 +1,9 @@
 #include "app/ToolbarCombo.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QScreen>
+#include <QStyle>
 #include <utility>
 
 ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
@@ -14,6 +17,9 @@ ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
 void ToolbarCombo::showPopup()
 {
     popupIsOpen_ = true;
+    const int entries = view()->sizeHintForColumn(0) +
+                        style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * view()->frameWidth();
+    view()->setMinimumWidth(qMin(entries, screen()->availableSize().width() / 2));
     QComboBox::showPopup();
 }
 

@@ -2,8 +2,9 @@
 
 #include <QComboBox>
 
-/// A combo box of a toolbar. It announces when the user has finished with it, so that the focus can
-/// go back to where it came from, and leaves the wheel alone while it hasn't the focus.
+/// A combo box of a toolbar, narrow, with a list as wide as its entries. It announces when the user
+/// has finished with it, so that the focus can go back to where it came from, and leaves the wheel
+/// alone while it hasn't the focus.
 class ToolbarCombo final : public QComboBox
 {
     Q_OBJECT

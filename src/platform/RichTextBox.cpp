@@ -43,12 +43,16 @@ RichTextBox::~RichTextBox() = default;
 
 void RichTextBox::showDocument(QTextDocument &document)
 {
+    document.setParent(this);
     document.setUndoRedoEnabled(false);
     showSoftHyphens(document);
     connect(&document, &QTextDocument::contentsChange, this, &RichTextBox::textHasChanged);
-    if (&document != this->document())
-        setDocument(&document);
     textHasChanged();
+    QTextDocument *former = this->document();
+    if (former != &document) {
+        setDocument(&document);
+        former->deleteLater(); // it may be what is telling of its change right now
+    }
 }
 
 void RichTextBox::textHasChanged()

@@ -44,7 +44,6 @@ void RichTextBox::LoadFile(const QString &path, std::optional<FileType> type)
     loaded->setDefaultFont(document()->defaultFont());
     fillFromRtf(*loaded, bytes, path);
     holdSoftHyphens(*loaded);
-    loaded->setParent(this);
     showDocument(*loaded.release());
 }
 

@@ -8,6 +8,7 @@ RtfInterpreter::RtfInterpreter(QByteArrayView bytes, RtfSink &sink)
       notes_(noteParagraphs_)
 {
     group_.flow = &body_;
+    resetCharacter();
 }
 
 void RtfInterpreter::BodySink::paragraph(const RtfParagraph &paragraph)
@@ -121,8 +122,8 @@ void RtfInterpreter::leave(const Group &ended)
         ended.flow->endSection(ended.character, ended.paragraph);
     if (ended.destination == group_.destination)
         return;
-    if (ended.destination == RtfDestination::FontTable && group_.fontNumber < 0) {
-        resetCharacter();
+    if (ended.destination == RtfDestination::FontTable) {
+        setFont(group_.fontNumber);
     } else if (ended.destination == RtfDestination::OldBullet) {
         ParagraphFormat &format = group_.paragraph.format;
         format.bullet = ended.paragraph.format.bullet;
@@ -203,11 +204,16 @@ void RtfInterpreter::textByte(uchar byte)
 
 int RtfInterpreter::codePageNow() const
 {
-    if (group_.destination == RtfDestination::FontTable) {
-        const int ofEntry = fonts_.codePageOfEntry().value_or(documentCodePage_);
+    const int ofEntry = fonts_.codePageOfEntry().value_or(documentCodePage_);
+    switch (group_.destination) {
+    case RtfDestination::Body:
+    case RtfDestination::Label:
+        return group_.codePage;
+    case RtfDestination::FontTable:
         return ofEntry == RtfCodePage::symbol ? documentCodePage_ : ofEntry;
+    default:
+        return documentCodePage_;
     }
-    return group_.codePage;
 }
 
 void RtfInterpreter::flushBytes()
@@ -267,10 +273,8 @@ void RtfInterpreter::deliver(QStringView text)
     constexpr qsizetype longestInstruction = 256;
     switch (group_.destination) {
     case RtfDestination::Body:
-        deliverBody(text);
-        break;
     case RtfDestination::Label:
-        group_.flow->addLabel(text, group_.character);
+        deliverBody(text);
         break;
     case RtfDestination::FontTable:
         fonts_.addName(text);
@@ -325,17 +329,19 @@ bool isPlain(QStringView text)
 
 void RtfInterpreter::deliverBody(QStringView text)
 {
-    if (isPlain(text)) {
-        group_.flow->addText(text, group_.character, group_.paragraph);
-        return;
-    }
-    const bool tengwar = isTengwarFont(group_.character.family);
     QString kept;
-    kept.reserve(text.size());
-    for (const QChar c : text) {
-        if (const char16_t character = keptCharacter(c.unicode(), tengwar))
-            kept.append(QChar(character));
+    if (!isPlain(text)) {
+        const bool tengwar = isTengwarFont(group_.character.family);
+        for (const QChar c : text) {
+            if (const char16_t character = keptCharacter(c.unicode(), tengwar))
+                kept.append(QChar(character));
+        }
+        text = kept;
     }
-    if (!kept.isEmpty())
-        group_.flow->addText(kept, group_.character, group_.paragraph);
+    if (text.isEmpty())
+        return;
+    if (group_.destination == RtfDestination::Label)
+        group_.flow->addLabel(text, group_.character);
+    else
+        group_.flow->addText(text, group_.character, group_.paragraph);
 }

@@ -4,6 +4,20 @@
 #include "rtf/RtfFormat.h"
 #include <algorithm>
 
+namespace {
+
+const QString defaultFamily = QStringLiteral("Times New Roman");
+
+/// A name as it can be written again.
+QString fontName(QString name)
+{
+    name.removeIf([](QChar c) { return !c.isPrint() || c == u'{' || c == u'}' || c == u'\\'; });
+    name = name.trimmed();
+    return name.isEmpty() ? defaultFamily : name;
+}
+
+} // namespace
+
 void RtfFontTable::begin(int number)
 {
     entry_ = {};
@@ -31,7 +45,7 @@ void RtfFontTable::addName(QStringView text)
     entry_.name.append(end < 0 ? text : text.first(end));
     if (end < 0)
         return;
-    entry_.name = entry_.name.trimmed();
+    entry_.name = fontName(entry_.name);
     if (isTengwarFont(entry_.name) && entry_.codePage == RtfCodePage::symbol)
         entry_.codePage = RtfCodePage::latin;
     if (fonts_.isEmpty() || number_ < firstNumber_)
@@ -42,7 +56,7 @@ void RtfFontTable::addName(QStringView text)
 
 const RtfFont &RtfFontTable::font(int number, int otherwise) const
 {
-    static const RtfFont none{QStringLiteral("Times New Roman"), 0, std::nullopt};
+    static const RtfFont none{defaultFamily, 0, std::nullopt};
     auto found = fonts_.constFind(number);
     if (found == fonts_.constEnd())
         found = fonts_.constFind(otherwise);

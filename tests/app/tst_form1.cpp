@@ -41,7 +41,7 @@ void tst_Form1::load()
     state.Settings.GenericRomanFont = u"DejaVu Serif"_s;
     FormFixture fixture; // records nothing of its own load
     Form1 form(state);
-    form.Load({fixture, fixture, fixture}, {u"DejaVu Sans"_s});
+    form.Load({fixture.run, fixture, fixture, fixture}, {u"DejaVu Sans"_s});
     QCOMPARE(fixture.calls, (QStringList{u"NewDocument rtbRoman"_s, u"NewDocument rtbTengwar"_s}));
     QCOMPARE(form.windowTitle(), programTitle());
     QCOMPARE(form.controls().cboModeName->font().family(), u"DejaVu Serif"_s);
@@ -261,7 +261,7 @@ void tst_Form1::errorsWhileClosingKeepTheWindowOpen()
     };
     FormFixture fixture;
     FailingDocuments documents;
-    fixture.form.Load({documents, fixture, fixture}, {});
+    fixture.form.Load({fixture.run, documents, fixture, fixture}, {});
     const MessageBoxes boxes;
     QVERIFY(!fixture.form.close());
     QCOMPARE(boxes.seen().size(), 1U);

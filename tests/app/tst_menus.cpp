@@ -33,7 +33,7 @@ QStringList linesOf(const QList<QAction *> &actions, int depth)
     QStringList lines;
     for (const QAction *action : actions) {
         const QString indent(2 * depth, u' ');
-        lines += indent + (action->isSeparator() ? u"-"_s : action->text());
+        lines += indent + (action->isSeparator() ? u"-"_s + action->text() : action->text());
         if (action->menu())
             lines += linesOf(action->menu()->actions(), depth + 1);
     }

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void objectCharacterOfAFileIsNoSoftHyphen();
     void loadedTextIsALiveDocument();
     void loadingIsOneChange();
+    void loadingWhileAChangeIsReported();
+    void formerDocumentsGo();
     void loadingKeepsTheDefaultFont();
     void textKeepsItsForm_data();
     void textKeepsItsForm();
@@ -153,6 +155,32 @@ void tst_RichTextBoxFiles::loadingIsOneChange()
     write("plain");
     box.LoadFile(path_);
     QCOMPARE(changed.size(), 2);
+}
+
+void tst_RichTextBoxFiles::loadingWhileAChangeIsReported()
+{
+    write("{\\rtf1 loaded}");
+    RichTextBox box;
+    connect(&box, &RichTextBox::changed, this, [&] {
+        if (box.Text() == u"x"_qs)
+            box.LoadFile(path_);
+    });
+    box.LoadFile(path_);
+    box.setText({});
+    QTest::keyClicks(&box, u"x"_qs);
+    QCOMPARE(box.Text(), u"loaded"_qs);
+    QTest::keyClicks(&box, u"y"_qs);
+    QCOMPARE(box.Text(), u"yloaded"_qs);
+}
+
+void tst_RichTextBoxFiles::formerDocumentsGo()
+{
+    write("{\\rtf1 loaded}");
+    RichTextBox box;
+    for (int i = 0; i < 5; ++i)
+        box.LoadFile(path_);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCOMPARE(box.findChildren<QTextDocument *>().size(), 1);
 }
 
 void tst_RichTextBoxFiles::loadingKeepsTheDefaultFont()

@@ -221,7 +221,7 @@ private Q_SLOTS:
                 if (random.bounded(8) == 0)
                     rtf += static_cast<char>(random.bounded(256));
                 else
-                    rtf += pieces[random.bounded(std::size(pieces))];
+                    rtf += pieces[random.bounded(int(std::size(pieces)))];
             }
             QTextDocument document;
             QVERIFY(!readRtf(rtf, document));

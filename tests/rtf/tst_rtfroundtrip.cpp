@@ -122,9 +122,9 @@ private Q_SLOTS:
             QVERIFY(!readRtf(writeRtf(again), third));
             QCOMPARE(dump(third), dump(again));
             QCOMPARE(writeRtf(third), writeRtf(again));
-            if (!document.toRawText().contains(QChar(0xF0B7)) &&
-                !document.toRawText().contains(QChar(0xF020)))
-                QVERIFY2(dump(again) == dump(document), qPrintable(QString::number(seed)));
+            const QString text = document.toRawText();
+            if (!text.contains(QChar(0xF0B7)) && !text.contains(QChar(0xF020)))
+                QCOMPARE(dump(again).split(u'\n'), dump(document).split(u'\n'));
             if (dump(again) == dump(document))
                 QCOMPARE(writeRtf(again), written);
         }

@@ -6,6 +6,7 @@
 #include "editor/FormatDisplay.h"
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
+#include "engine/run/TranscriptionRun.h"
 #include "platform/RichTextBox.h"
 
 #include <QComboBox>
@@ -18,11 +19,15 @@ struct FormFixture final : Documents, UndoJournal, FormatDisplay
     QStringList calls;
     SaveAnswer saveAnswer = SaveAnswer::Proceed;
     Form1 form{state};
+    TranscriptionRun run{state,
+                         {form, *form.controls().rtbRoman, *form.controls().rtbTengwar, *this,
+                          form.tmrStatus(), form.tmrAutoGenerate()},
+                         {}};
 
     explicit FormFixture(const QSize &size = {900, 600})
     {
         connectWindowCommands(form, state);
-        form.Load({*this, *this, *this},
+        form.Load({run, *this, *this, *this},
                   {QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")});
         form.resize(size);
         form.restoreSplit(form.innerWidth() / 2);
