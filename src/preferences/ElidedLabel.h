@@ -2,8 +2,8 @@
 
 #include <QLabel>
 
-/// A label of one line whose text may be longer than there is room for: the middle is then left out,
-/// and the tip shows it whole.
+/// A label of one line whose text may be longer than there is room for: the middle is then left
+/// out, and the tip shows it whole.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT

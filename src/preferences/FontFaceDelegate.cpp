@@ -56,19 +56,18 @@ void FontFaceDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     QStyledItemDelegate::paint(painter, row, index);
     if (isReadable)
         return;
-    const QString shownName = option.fontMetrics.elidedText(name, Qt::ElideRight,
-                                                            option.rect.width());
+    const QString shownName =
+        option.fontMetrics.elidedText(name, Qt::ElideRight, option.rect.width());
     const int gap = option.fontMetrics.height();
-    const QRect room = option.rect.adjusted(option.fontMetrics.horizontalAdvance(shownName) + gap, 0,
-                                            -gap / 2, 0);
+    const QRect room =
+        option.rect.adjusted(option.fontMetrics.horizontalAdvance(shownName) + gap, 0, -gap / 2, 0);
     painter->save();
     painter->setFont(face(name, option.rect));
-    painter->setPen(option.palette.color(option.state & QStyle::State_Selected
-                                             ? QPalette::HighlightedText
-                                             : QPalette::Text));
-    painter->drawText(room, Qt::AlignTrailing | Qt::AlignVCenter | Qt::TextSingleLine,
-                      painter->fontMetrics().elidedText(sampleOf(name), Qt::ElideRight,
-                                                        room.width()));
+    painter->setPen(option.palette.color(
+        option.state & QStyle::State_Selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(
+        room, Qt::AlignTrailing | Qt::AlignVCenter | Qt::TextSingleLine,
+        painter->fontMetrics().elidedText(sampleOf(name), Qt::ElideRight, room.width()));
     painter->restore();
 }
 
