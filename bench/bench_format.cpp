@@ -25,7 +25,8 @@ void fill(RichTextBox &pane, Variety variety)
     QTextCursor cursor(pane.document());
     cursor.beginEditBlock();
     for (int i = 0; i < characters; ++i) {
-        CharacterFormat attributes{.family = QStringLiteral("DejaVu Sans")};
+        CharacterFormat attributes;
+        attributes.family = QStringLiteral("DejaVu Sans");
         if (variety == Variety::Colours) {
             attributes.colour = 0xff000000U + QRgb(i);
         } else {
