@@ -24,8 +24,8 @@ frmBrowse::frmBrowse(const Settings &settings, const QString &startFolder, QWidg
     connect(ui_->Drive1, &QComboBox::activated, this, &frmBrowse::openDrive);
     connect(ui_->Dir1->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &frmBrowse::showFolder);
-    connect(folders_, &QFileSystemModel::directoryLoaded, this,
-            [this] { ui_->Dir1->scrollTo(ui_->Dir1->currentIndex()); });
+    connect(folders_, &QFileSystemModel::directoryLoaded, this, &frmBrowse::showPlace,
+            Qt::QueuedConnection);
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmBrowse::confirm);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmBrowse::reject);
     ui_->Dir1->setFocus();
@@ -58,6 +58,14 @@ void frmBrowse::goTo(const QString &folder)
     ui_->Dir1->expand(index);
     ui_->Dir1->scrollTo(index);
     showFolder();
+}
+
+void frmBrowse::showPlace(const QString &loadedFolder)
+{
+    // Folders above the present one move it as they become known; others must not disturb who reads
+    // elsewhere in the tree.
+    if (presentFolder().startsWith(loadedFolder))
+        ui_->Dir1->scrollTo(ui_->Dir1->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 QString frmBrowse::presentFolder() const

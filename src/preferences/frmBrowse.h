@@ -27,6 +27,7 @@ private:
     void fillDrives(const QString &startFolder);
     void openDrive();
     void showFolder();
+    void showPlace(const QString &loadedFolder);
     void confirm();
     void goTo(const QString &folder);
 

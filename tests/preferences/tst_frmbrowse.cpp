@@ -57,8 +57,7 @@ struct Browser
     void goDown() const
     {
         QTreeView &tree = find<QTreeView>("Dir1");
-        QTRY_COMPARE(tree.currentIndex().parent().model()->rowCount(tree.currentIndex().parent()),
-                     2);
+        QTRY_COMPARE(tree.model()->rowCount(tree.currentIndex().parent()), 2);
         QTest::keyClick(&tree, Qt::Key_Down);
         QTRY_COMPARE(path(), second);
     }
@@ -79,6 +78,18 @@ private Q_SLOTS:
         QCOMPARE(browser.modes(), QStringList());
         QCOMPARE(browser.find<QPushButton>("cmdOK").text(), QStringLiteral("Select"));
         QCOMPARE(browser.dialog->focusWidget()->objectName(), QStringLiteral("Dir1"));
+    }
+
+    void theFolderIsInSight()
+    {
+        const Browser browser;
+        const QTreeView &tree = browser.find<QTreeView>("Dir1");
+        const auto isInSight = [&tree] {
+            const QRect place = tree.visualRect(tree.currentIndex());
+            return place.isValid() && tree.viewport()->rect().contains(place.center());
+        };
+        QTRY_COMPARE(tree.model()->rowCount(tree.currentIndex().parent()), 2);
+        QTRY_VERIFY(isInSight());
     }
 
     void listsTheModesOfTheFolder()

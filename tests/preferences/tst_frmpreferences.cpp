@@ -77,6 +77,26 @@ struct Preferences
     }
 };
 
+/// A registry that keeps nothing but the names of the values written to it, in order.
+class WritingOrder final : public RegistryStore
+{
+public:
+    QStringList names;
+
+    [[nodiscard]] bool contains(const RegistryKey &) const override { return true; }
+    [[nodiscard]] std::optional<RegistryValue> value(const RegistryKey &,
+                                                     const QString &) const override
+    {
+        return std::nullopt;
+    }
+    bool createKey(const RegistryKey &) override { return true; }
+    bool setValue(const RegistryKey &, const QString &name, const RegistryValue &) override
+    {
+        names += name;
+        return true;
+    }
+};
+
 /// Makes the process one of a user without rights while it lasts, where it may do so.
 class OrdinaryUser
 {
@@ -159,6 +179,22 @@ private Q_SLOTS:
                  QStringLiteral("True"));
         QCOMPARE(preferences.stored(SettingKey::Mode, "Path"), folder);
         QCOMPARE(preferences.stored(SettingKey::General, "Unit"), QStringLiteral("in"));
+    }
+
+    void okWritesInOrder()
+    {
+        Preferences preferences;
+        WritingOrder order;
+        RegistryFunctions functions(order);
+        StoredSettings settings(functions);
+        QStringList namesWhenApplied;
+        frmPreferences dialog(
+            preferences.state, settings, Fonts, [&] { namesWhenApplied = order.names; }, nullptr);
+        dialog.findChild<QPushButton *>(QStringLiteral("cmdOK"))->click();
+        QCOMPARE(order.names.join(u' '),
+                 QStringLiteral("GenericRomanFont GenericTengwarFont UndefinedAlert "
+                                "UndefinedTranscribe ClearTargetPane Path Unit"));
+        QCOMPARE(namesWhenApplied, order.names);
     }
 
     void units_data()
