@@ -130,10 +130,12 @@ void forEachRun(const QTextCursor &cursor, bool withParagraphEnds, Visit visit)
     const int start = cursor.selectionStart();
     const int end = cursor.selectionEnd();
     forEachBlock(cursor, [&](const QTextBlock &block) {
+        int position = block.position(); // asking each run for its own takes half of the time
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment run = it.fragment();
-            const int first = std::max(run.position(), start);
-            const int last = std::min(run.position() + run.length(), end);
+            const int first = std::max(position, start);
+            position += run.length();
+            const int last = std::min(position, end);
             if (first < last)
                 visit(first, last - first, run.charFormatIndex());
         }
