@@ -1,5 +1,6 @@
 #include "platform/RichTextBox.h"
 
+#include "platform/PastedText.h"
 #include "platform/TextPosition.h"
 #include <QClipboard>
 #include <QDragMoveEvent>
@@ -192,5 +193,5 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)
 {
-    setSelText(source->text());
+    setSelText(pastedText(source->text()));
 }

@@ -15,9 +15,12 @@ template<typename Value> class Common
 public:
     void add(const Value &value)
     {
-        isMixed_ = isMixed_ || (value_ && *value_ != value);
-        value_ = value;
+        if (!value_)
+            value_ = value;
+        else if (*value_ != value)
+            isMixed_ = true;
     }
+    [[nodiscard]] bool isMixed() const { return isMixed_; }
     [[nodiscard]] std::optional<Value> value() const { return isMixed_ ? std::nullopt : value_; }
 
 private:
@@ -48,6 +51,13 @@ public:
         italic_.add(format.styles.testFlag(CharacterStyle::Italic));
         underline_.add(format.styles.testFlag(CharacterStyle::Underline));
         charOffset_.add(format.offset);
+    }
+
+    /// Whether nothing that is added can change the result.
+    [[nodiscard]] bool areAllMixed() const
+    {
+        return fontName_.isMixed() && halfPoints_.isMixed() && bold_.isMixed() &&
+               italic_.isMixed() && underline_.isMixed() && charOffset_.isMixed();
     }
 
     void storeIn(SelectionFormat &result) const
@@ -120,10 +130,12 @@ void forEachRun(const QTextCursor &cursor, bool withParagraphEnds, Visit visit)
     const int start = cursor.selectionStart();
     const int end = cursor.selectionEnd();
     forEachBlock(cursor, [&](const QTextBlock &block) {
+        int position = block.position(); // asking each run for its own takes half of the time
         for (auto it = block.begin(); !it.atEnd(); ++it) {
             const QTextFragment run = it.fragment();
-            const int first = std::max(run.position(), start);
-            const int last = std::min(run.position() + run.length(), end);
+            const int first = std::max(position, start);
+            position += run.length();
+            const int last = std::min(position, end);
             if (first < last)
                 visit(first, last - first, run.charFormatIndex());
         }
@@ -155,17 +167,19 @@ SelectionFormat selectionFormat(const QTextCursor &cursor)
 {
     const QTextDocument &document = *cursor.document();
     const QList<QTextFormat> formats = document.allFormats();
+    const QFont defaultFont = document.defaultFont();
     CharacterAttributes characters;
-    QSet<int> seen;
+    std::vector<bool> seen(size_t(formats.size()));
+    bool isEmpty = true;
     forEachRun(cursor, false, [&](int /*position*/, int /*length*/, int index) {
-        if (seen.contains(index))
+        isEmpty = false;
+        if (characters.areAllMixed() || seen[size_t(index)])
             return;
-        seen.insert(index);
-        characters.add(
-            CharacterFormat::of(formats.at(index).toCharFormat(), document.defaultFont()));
+        seen[size_t(index)] = true;
+        characters.add(CharacterFormat::of(formats.at(index).toCharFormat(), defaultFont));
     });
-    if (seen.isEmpty())
-        characters.add(CharacterFormat::of(insertionFormat(cursor), document.defaultFont()));
+    if (isEmpty)
+        characters.add(CharacterFormat::of(insertionFormat(cursor), defaultFont));
     ParagraphAttributes paragraphs;
     QSet<int> seenBlocks;
     forEachBlock(cursor, [&](const QTextBlock &block) {
