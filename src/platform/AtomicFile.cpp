@@ -7,20 +7,33 @@
 
 namespace {
 
-[[noreturn]] void fail(const QFileDevice &file, const QString &path)
+/// Why the file could not be written, as far as the system tells.
+ErrorNumber writeFailure(const QFileDevice &file, const QString &path)
 {
-    const QFileInfo folder(QFileInfo(path).absolutePath());
+    const QFileInfo target(path);
+    const QFileInfo folder(target.absolutePath());
     if (!folder.isDir())
-        throw RuntimeError(ErrorNumber::PathNotFound, path);
-    switch (file.error()) {
-    case QFileDevice::PermissionsError:
-        throw RuntimeError(ErrorNumber::PermissionDenied, path);
-    case QFileDevice::WriteError:
-    case QFileDevice::ResourceError:
-        throw RuntimeError(ErrorNumber::DiskFull, path);
-    default:
-        throw RuntimeError(ErrorNumber::PathFileAccess, path);
+        return ErrorNumber::PathNotFound;
+    if (target.exists() && !target.isFile())
+        return ErrorNumber::PathFileAccess;
+    if (!folder.isWritable() || (target.exists() && !target.isWritable()))
+        return ErrorNumber::PermissionDenied;
+    const bool isFull =
+        file.error() == QFileDevice::ResourceError || file.error() == QFileDevice::WriteError;
+    return isFull ? ErrorNumber::DiskFull : ErrorNumber::PathFileAccess;
+}
+
+/// Writes in as many goes as it takes: a disk that fills up takes part of the first one, and only
+/// the next tells why.
+bool writeAll(QSaveFile &file, QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            return false;
+        bytes = bytes.sliced(written);
     }
+    return true;
 }
 
 } // namespace
@@ -28,9 +41,10 @@ namespace {
 void writeFile(const QString &path, QByteArrayView bytes)
 {
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) ||
-        file.write(bytes.data(), bytes.size()) != bytes.size() || !file.commit())
-        fail(file, path);
+    // commit() forgets why the last bytes could not be written, so they are written before it.
+    if (!file.open(QIODevice::WriteOnly) || !writeAll(file, bytes) || !file.flush() ||
+        !file.commit())
+        throw RuntimeError(writeFailure(file, path), path);
 }
 
 QByteArray readFile(const QString &path, qint64 limit)

@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr qint64 LargestFile = qint64(16) << 20;
-constexpr int LockPatienceMs = 5000;
-constexpr int LockPollMs = 2;
+constexpr qint64 largestFile = qint64(16) << 20;
+constexpr int lockPatienceMs = 5000;
+constexpr int lockPollMs = 2;
 
 const QString &storeName()
 {
@@ -35,7 +35,7 @@ Content read(const QString &file)
     if (!QFileInfo::exists(file))
         return {};
     try {
-        const QByteArray bytes = readFile(file, LargestFile);
+        const QByteArray bytes = readFile(file, largestFile);
         if (std::optional<RegistryText> text = RegistryText::parse(bytes))
             return {Content::State::Whole, *std::move(text)};
         return {Content::State::Damaged, {}};
@@ -48,11 +48,11 @@ Content read(const QString &file)
 /// Waits for a lock. QLockFile's own waiting grows to seconds between two attempts.
 bool acquire(QLockFile &lock)
 {
-    const QDeadlineTimer deadline(LockPatienceMs);
+    const QDeadlineTimer deadline(lockPatienceMs);
     while (!lock.tryLock(0)) {
         if (lock.error() != QLockFile::LockFailedError || deadline.hasExpired())
             return false;
-        QThread::msleep(LockPollMs);
+        QThread::msleep(lockPollMs);
     }
     return true;
 }
@@ -139,8 +139,10 @@ bool FileRegistryStore::setValue(const RegistryKey &key, const QString &name,
         return false;
     bool isSet = false;
     const bool isWritten = update(userFile_, [&](RegistryText &text) {
-        isSet = text.value(key.path, name) == value || text.setValue(key.path, name, value);
-        return isSet;
+        const bool isEqual = text.value(key.path, name) == value;
+        const bool isChanged = !isEqual && text.setValue(key.path, name, value);
+        isSet = isEqual || isChanged;
+        return isChanged;
     });
     return isSet && isWritten;
 }

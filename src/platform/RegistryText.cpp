@@ -5,13 +5,13 @@
 
 namespace {
 
-constexpr QChar Separator(u'\\');
-constexpr QChar Quote(u'"');
-constexpr int HexDigits = 4;
+constexpr QChar separator(u'\\');
+constexpr QChar quote(u'"');
+constexpr int hexDigits = 4;
 
 QString normalised(const QString &path)
 {
-    return path.split(Separator, Qt::SkipEmptyParts).join(Separator);
+    return path.split(separator, Qt::SkipEmptyParts).join(separator);
 }
 
 bool isSame(const QString &left, const QString &right)
@@ -32,27 +32,27 @@ bool needsEscape(QStringView text, qsizetype at)
 
 QString hexCode(QChar character)
 {
-    return QStringLiteral("%1").arg(character.unicode(), HexDigits, 16, QLatin1Char('0'));
+    return QStringLiteral("%1").arg(character.unicode(), hexDigits, 16, QLatin1Char('0'));
 }
 
 std::optional<QChar> fromHexCode(QStringView text)
 {
-    const QStringView digits = text.first(std::min<qsizetype>(HexDigits, text.size()));
+    const QStringView digits = text.first(std::min<qsizetype>(hexDigits, text.size()));
     const auto isHex = [](QChar digit) {
         return digit.unicode() < 0x80 && std::isxdigit(digit.unicode()) != 0;
     };
-    if (digits.size() < HexDigits || !std::all_of(digits.begin(), digits.end(), isHex))
+    if (digits.size() < hexDigits || !std::all_of(digits.begin(), digits.end(), isHex))
         return std::nullopt;
     return QChar(digits.toUShort(nullptr, 16));
 }
 
 QString quoted(const QString &text)
 {
-    QString form = Quote;
+    QString form = quote;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar character = text[i];
-        if (character == Quote || character == Separator)
-            form += Separator, form += character;
+        if (character == quote || character == separator)
+            form += separator, form += character;
         else if (character == u'\n')
             form += QLatin1String("\\n");
         else if (character == u'\r')
@@ -64,7 +64,7 @@ QString quoted(const QString &text)
         else
             form += character;
     }
-    return form += Quote;
+    return form += quote;
 }
 
 /// Takes the character that an escape at the start of `rest`, after its "\", stands for.
@@ -87,7 +87,7 @@ std::optional<QChar> takeEscape(QStringView &rest)
     case u'u': {
         const std::optional<QChar> character = fromHexCode(rest);
         if (character)
-            rest = rest.sliced(HexDigits);
+            rest = rest.sliced(hexDigits);
         return character;
     }
     default:
@@ -98,16 +98,16 @@ std::optional<QChar> takeEscape(QStringView &rest)
 /// Takes a quoted string from the start of `rest`; none if there is no whole one.
 std::optional<QString> takeString(QStringView &rest)
 {
-    if (!rest.startsWith(Quote))
+    if (!rest.startsWith(quote))
         return std::nullopt;
     rest = rest.sliced(1);
     QString text;
     while (!rest.isEmpty()) {
         const QChar character = rest.front();
         rest = rest.sliced(1);
-        if (character == Quote)
+        if (character == quote)
             return text;
-        if (character != Separator) {
+        if (character != separator) {
             text += character;
             continue;
         }
@@ -122,15 +122,15 @@ std::optional<QString> takeString(QStringView &rest)
 /// A value as it stands after the "=" of its line; none for a string that is not whole.
 std::optional<RegistryValue> parseValue(QStringView form)
 {
-    if (form.startsWith(Quote)) {
+    if (form.startsWith(quote)) {
         QStringView rest = form;
         const std::optional<QString> text = takeString(rest);
         return text && rest.isEmpty() ? std::optional<RegistryValue>(*text) : std::nullopt;
     }
-    constexpr QLatin1String Integer("dword");
-    if (form.startsWith(Integer, Qt::CaseInsensitive)) {
+    constexpr QLatin1String integerKind("dword");
+    if (form.startsWith(integerKind, Qt::CaseInsensitive)) {
         bool isInteger = false;
-        const int integer = form.sliced(Integer.size()).toInt(&isInteger);
+        const int integer = form.sliced(integerKind.size()).toInt(&isInteger);
         if (isInteger)
             return integer;
     }
@@ -170,7 +170,7 @@ std::optional<QString> parsePath(QStringView form)
         if (!code)
             return std::nullopt;
         path += *code;
-        form = form.sliced(HexDigits);
+        form = form.sliced(hexDigits);
     }
     return normalised(path);
 }
@@ -235,7 +235,7 @@ bool RegistryText::contains(const QString &path) const
     const QString sought = normalised(path);
     return std::any_of(sections_.begin(), sections_.end(), [&](const Section &section) {
         return isSame(section.path, sought) ||
-               section.path.startsWith(sought + Separator, Qt::CaseInsensitive);
+               section.path.startsWith(sought + separator, Qt::CaseInsensitive);
     });
 }
 

@@ -9,35 +9,54 @@
 #include <QTextBlock>
 #include <QUrl>
 #include <algorithm>
+#include <initializer_list>
 #include <memory>
+#include <optional>
 
 namespace {
 
-/// Keys that type a character, delete one or end a line, by themselves or with Shift.
-bool isTyping(const QKeyEvent &event)
+/// Whether the control inserts what the key types. Control alone makes commands of letters;
+/// Control with Alt is AltGr on some keyboards.
+bool typesText(const QKeyEvent &event)
 {
-    if (event.matches(QKeySequence::Backspace) || event.matches(QKeySequence::Delete) ||
-        event.matches(QKeySequence::InsertParagraphSeparator) ||
-        event.matches(QKeySequence::InsertLineSeparator))
-        return true;
-    if (event.key() == Qt::Key_Backspace && event.modifiers() == Qt::ShiftModifier)
-        return true;
     if (event.text().isEmpty())
         return false;
     const QChar first = event.text().front();
-    const Qt::KeyboardModifiers command = event.modifiers() & ~Qt::ShiftModifier;
-    return first.category() == QChar::Other_Format ||
-           (command != Qt::ControlModifier && (first.isPrint() || first == QLatin1Char('\t')));
+    if (first.category() == QChar::Other_Format)
+        return true;
+    const bool isCommand = (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+    const bool isText = first.isPrint() || first.isHighSurrogate() || first == u'\t' ||
+                        first.category() == QChar::Other_PrivateUse;
+    return isText && !isCommand;
 }
 
-/// Key combinations with which the control itself deletes words and lines, or pastes.
-bool isEditingKey(const QKeyEvent &event)
+bool isOneOf(const QKeyEvent &event, std::initializer_list<QKeySequence::StandardKey> keys)
 {
-    constexpr std::array Keys = {QKeySequence::Cut, QKeySequence::Paste,
-                                 QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
-                                 QKeySequence::DeleteEndOfLine};
-    return std::any_of(Keys.begin(), Keys.end(),
+    return std::any_of(keys.begin(), keys.end(),
                        [&](QKeySequence::StandardKey key) { return event.matches(key); });
+}
+
+/// Why the control is about to change its text for a key; none if it isn't.
+std::optional<ChangeReason> changeReason(const QKeyEvent &event, const RichTextBox &box)
+{
+    if ((event.matches(QKeySequence::Cut) && box.textCursor().hasSelection()) ||
+        (event.matches(QKeySequence::Paste) && box.canPaste()) ||
+        isOneOf(event, {QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
+                        QKeySequence::DeleteEndOfLine}))
+        return ChangeReason::EditingKey;
+    const bool isBackspace = event.key() == Qt::Key_Backspace &&
+                             (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
+    if (isBackspace || typesText(event) ||
+        isOneOf(event, {QKeySequence::Delete, QKeySequence::InsertParagraphSeparator,
+                        QKeySequence::InsertLineSeparator}))
+        return ChangeReason::Typing;
+    return std::nullopt;
+}
+
+/// Keys by which the control would turn a paragraph's writing direction.
+bool turnsDirection(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Direction_L || event.key() == Qt::Key_Direction_R;
 }
 
 QStringList localFiles(const QMimeData &data)
@@ -50,9 +69,34 @@ QStringList localFiles(const QMimeData &data)
     return paths;
 }
 
-bool isWordCharacter(QStringView text, qsizetype position)
+bool endsWord(QStringView text)
 {
-    return position >= 0 && position < text.size() && text[position].isLetterOrNumber();
+    if (text.size() > 1 && text.back().isLowSurrogate())
+        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text[text.size() - 2], text.back()));
+    return !text.isEmpty() && text.back().isLetterOrNumber();
+}
+
+bool beginsWord(QStringView text)
+{
+    if (text.size() > 1 && text.front().isHighSurrogate())
+        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text.front(), text[1]));
+    return !text.isEmpty() && text.front().isLetterOrNumber();
+}
+
+bool isWholeWord(QStringView text, qsizetype position, qsizetype length)
+{
+    return !endsWord(text.first(position)) && !beginsWord(text.sliced(position + length));
+}
+
+/// The format of the first selected character, or that at the caret.
+QTextCharFormat insertionFormat(const QTextCursor &cursor)
+{
+    if (!cursor.hasSelection())
+        return cursor.charFormat();
+    QTextCursor first(cursor);
+    first.setPosition(cursor.selectionStart());
+    first.movePosition(QTextCursor::NextCharacter);
+    return first.charFormat();
 }
 
 } // namespace
@@ -128,25 +172,26 @@ QString RichTextBox::SelText() const
 void RichTextBox::setSelText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text), cursor.charFormat());
+    cursor.insertText(documentText(text), insertionFormat(cursor));
     setTextCursor(cursor);
 }
 
 int RichTextBox::find(const QString &text, int start, int end, FindFlags flags)
 {
-    const QString whole = Text();
     const QString sought = userForm(text);
+    const QString whole = Text();
+    // A match begins before `end`, so nothing beyond this is looked at.
+    const qint64 last = qint64(end) + sought.size() - 1;
+    const QStringView range = QStringView(whole).first(std::clamp<qint64>(last, 0, whole.size()));
+    const bool isWord = flags.testFlag(FindFlag::WholeWord);
     const auto sensitivity =
         flags.testFlag(FindFlag::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    qsizetype position = std::max(start, 0) - 1;
-    do {
-        position = sought.isEmpty() ? -1 : whole.indexOf(sought, position + 1, sensitivity);
-        if (position < 0 || position >= end)
-            return -1;
-    } while (
-        flags.testFlag(FindFlag::WholeWord) &&
-        (isWordCharacter(whole, position - 1) || isWordCharacter(whole, position + sought.size())));
-    select(int(position), int(sought.size()));
+    qsizetype position =
+        sought.isEmpty() ? -1 : range.indexOf(sought, std::max(start, 0), sensitivity);
+    while (position >= 0 && isWord && !isWholeWord(whole, position, sought.size()))
+        position = range.indexOf(sought, position + 1, sensitivity);
+    if (position >= 0)
+        select(int(position), int(sought.size()));
     return int(position);
 }
 
@@ -184,19 +229,20 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
     KeyPress key{.key = event->key(), .modifiers = event->modifiers()};
     Q_EMIT keyDown(key);
-    if (key.swallowed)
+    if (key.swallowed || turnsDirection(*event))
         return;
-    if (isEditingKey(*event))
-        Q_EMIT aboutToChange(ChangeReason::EditingKey);
-    else if (isTyping(*event))
-        Q_EMIT aboutToChange(ChangeReason::Typing);
-    QTextEdit::keyPressEvent(event);
+    if (const std::optional<ChangeReason> reason = changeReason(*event, *this))
+        Q_EMIT aboutToChange(*reason);
+    if (typesText(*event) && documentText(event->text()) != event->text())
+        setSelText(event->text());
+    else
+        QTextEdit::keyPressEvent(event);
 }
 
 void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
 {
-    const bool composes = !event->preeditString().isEmpty() && textCursor().hasSelection();
-    if (composes || !event->commitString().isEmpty() || event->replacementLength() > 0)
+    const bool replaces = !event->preeditString().isEmpty() && textCursor().hasSelection();
+    if (replaces || !event->commitString().isEmpty() || event->replacementLength() > 0)
         Q_EMIT aboutToChange(ChangeReason::InputMethod);
     event->setCommitString(documentText(event->commitString()), event->replacementStart(),
                            event->replacementLength());
@@ -205,19 +251,18 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
 
 void RichTextBox::mousePressEvent(QMouseEvent *event)
 {
-    // A press inside the selection would start a drag, which takes text away behind our back.
-    if (event->button() == Qt::LeftButton && !(event->modifiers() & Qt::ShiftModifier)) {
-        QTextCursor cursor = textCursor();
-        cursor.clearSelection();
-        setTextCursor(cursor);
-    }
+    // A press inside the selection would start a drag, whose end may take the text away unseen.
+    const bool isPlain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (isPlain && textCursor().hasSelection())
+        setTextCursor(cursorForPosition(event->position().toPoint()));
     QTextEdit::mousePressEvent(event);
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 {
     const QClipboard &clipboard = *QGuiApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard.supportsSelection())
+    if (event->button() == Qt::MiddleButton && clipboard.supportsSelection() &&
+        canInsertFromMimeData(clipboard.mimeData(QClipboard::Selection)))
         Q_EMIT aboutToChange(ChangeReason::PrimaryPaste);
     QTextEdit::mouseReleaseEvent(event);
 }
@@ -273,7 +318,7 @@ QMimeData *RichTextBox::createMimeDataFromSelection() const
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source->hasText();
+    return source != nullptr && source->hasText();
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)

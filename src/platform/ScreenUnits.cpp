@@ -9,21 +9,21 @@ namespace {
 
 int nearestInt(double value)
 {
-    constexpr double Lowest = std::numeric_limits<int>::min();
-    constexpr double Highest = std::numeric_limits<int>::max();
-    return int(std::clamp(std::round(value), Lowest, Highest));
+    constexpr double lowest = std::numeric_limits<int>::min();
+    constexpr double highest = std::numeric_limits<int>::max();
+    return int(std::clamp(std::round(value), lowest, highest));
 }
 
 } // namespace
 
 double twipsPerPixelX(const QPaintDevice &device)
 {
-    return double(TwipsPerInch) / device.logicalDpiX();
+    return double(twipsPerInch) / device.logicalDpiX();
 }
 
 double twipsPerPixelY(const QPaintDevice &device)
 {
-    return double(TwipsPerInch) / device.logicalDpiY();
+    return double(twipsPerInch) / device.logicalDpiY();
 }
 
 int toTwips(double pixels, double twipsPerPixel)

@@ -3,8 +3,8 @@
 class QPaintDevice;
 
 /// Lengths: 1440 twips to the inch, 20 to the point.
-constexpr int TwipsPerInch = 1440;
-constexpr int TwipsPerPoint = 20;
+constexpr int twipsPerInch = 1440;
+constexpr int twipsPerPoint = 20;
 
 /// Twips to one device-independent pixel: 15 at 96 dots to the inch. Widgets, screens' pixmaps and
 /// printers are all paint devices.

@@ -33,7 +33,7 @@ QRawFont rawFont(const QTextDocument &document, const QTextFormat &format)
 /// The font's glyph for U+00AD, or its hyphen where it has none.
 quint32 glyph(const QRawFont &font)
 {
-    const QChar shown = font.supportsCharacter(SoftHyphen) ? SoftHyphen : QChar(u'-');
+    const QChar shown = font.supportsCharacter(softHyphen) ? softHyphen : QChar(u'-');
     const QList<quint32> glyphs = font.glyphIndexesForString(shown);
     return glyphs.isEmpty() ? 0 : glyphs.front();
 }

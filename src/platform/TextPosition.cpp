@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr char16_t SoftLineBreak = u'\v';
+constexpr char16_t softLineBreak = u'\v';
 
 /// Noncharacters that mark a frame inside a document.
-constexpr char16_t FrameStart = 0xFDD0;
-constexpr char16_t FrameEnd = 0xFDD1;
+constexpr char16_t frameStart = 0xFDD0;
+constexpr char16_t frameEnd = 0xFDD1;
 
 int blockStart(const QTextBlock &block)
 {
@@ -67,8 +67,8 @@ QString userText(const QTextDocument &document, int from, int to)
             break;
         text += QStringLiteral("\r\n");
     }
-    text.replace(QChar::LineSeparator, QChar(SoftLineBreak));
-    return text.replace(ShownSoftHyphen, SoftHyphen);
+    text.replace(QChar::LineSeparator, QChar(softLineBreak));
+    return text.replace(shownSoftHyphen, softHyphen);
 }
 
 QString documentText(const QString &userText)
@@ -81,15 +81,15 @@ QString documentText(const QString &userText)
         case QChar::ParagraphSeparator:
             character = u'\n';
             break;
-        case SoftLineBreak:
+        case softLineBreak:
             character = QChar::LineSeparator;
             break;
-        case SoftHyphen.unicode():
-            character = ShownSoftHyphen;
+        case softHyphen.unicode():
+            character = shownSoftHyphen;
             break;
-        case ShownSoftHyphen.unicode():
-        case FrameStart:
-        case FrameEnd:
+        case shownSoftHyphen.unicode():
+        case frameStart:
+        case frameEnd:
             character = QChar::ReplacementCharacter;
             break;
         default:
@@ -102,7 +102,7 @@ QString documentText(const QString &userText)
 QString userForm(const QString &text)
 {
     QString form = documentText(text);
-    form.replace(QChar::LineSeparator, QChar(SoftLineBreak));
-    form.replace(ShownSoftHyphen, SoftHyphen);
+    form.replace(QChar::LineSeparator, QChar(softLineBreak));
+    form.replace(shownSoftHyphen, softHyphen);
     return form.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
 }
