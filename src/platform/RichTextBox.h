@@ -1,12 +1,8 @@
 #pragma once
 
 #include "platform/TextPosition.h"
+#include "platform/TextSearch.h"
 #include <QTextEdit>
-
-/// How RichTextBox::find compares. The flags add.
-enum class FindFlag : quint32 { None = 0, WholeWord = 2, MatchCase = 4 };
-Q_DECLARE_FLAGS(FindFlags, FindFlag)
-Q_DECLARE_OPERATORS_FOR_FLAGS(FindFlags)
 
 /// Where a change of the text that the program didn't make itself comes from.
 enum class ChangeReason {
@@ -77,12 +73,9 @@ public:
     /// goes after the new text. Line ends as in setText.
     void setSelText(const QString &text);
 
-    /// Searches for `text` among the matches that begin at or after `start` and before `end`; a
-    /// match may reach beyond `end`. Selects the first and returns its position; -1, with the
-    /// selection unchanged, if there is none or `text` is empty.
-    ///
-    /// Without MatchCase, letters are compared by their simple case folding. With WholeWord the
-    /// characters on either side of a match are neither letters nor digits.
+    /// Searches for `text` as TextSearch does: selects the first match that begins at or after
+    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if
+    /// there is none.
     int find(const QString &text, int start, int end, FindFlags flags = FindFlag::None);
 
 Q_SIGNALS:
