@@ -142,9 +142,10 @@ QString frmFind::sought() const
 
 FindFlags frmFind::flags() const
 {
-    FindFlags flags;
+    // Upper and lower case letters are different signs there.
     if (ui_->optTengwarSearch->isChecked())
-        return flags;
+        return FindFlag::MatchCase;
+    FindFlags flags;
     flags.setFlag(FindFlag::WholeWord, ui_->chkWord->isChecked());
     flags.setFlag(FindFlag::MatchCase, ui_->chkCase->isChecked());
     return flags;

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int RowHeight = 46; // leaves room for marks above and below a letter
+constexpr int RowHeight = 52; // leaves room for marks above and below a letter
 
 class SignDelegate final : public QStyledItemDelegate
 {

@@ -45,9 +45,11 @@ void drawSign(QPainter &painter, const QRectF &place, const QFont &font, QChar s
     const QPainterPath shape = outline(raw, sign);
     painter.save();
     if (shape.isEmpty()) {
+        // Another font may have it; what no font can have would be shown as a box.
         painter.setFont(fitting);
         painter.setPen(ink);
-        painter.drawText(place, Qt::AlignCenter, sign);
+        if (sign.isPrint())
+            painter.drawText(place, Qt::AlignCenter, sign);
         painter.restore();
         return;
     }

@@ -26,9 +26,12 @@ void formatAtRandom(QRandomGenerator &random, RichTextBox &pane)
 {
     const int end = pane.document()->characterCount() - 1;
     for (int stretch = 0; stretch < 4; ++stretch) {
+        // By whole characters: no half of a surrogate pair looks different.
         QTextCursor cursor(pane.document());
-        cursor.setPosition(random.bounded(end + 1));
-        cursor.setPosition(random.bounded(end + 1), QTextCursor::KeepAnchor);
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor,
+                            random.bounded(end + 1));
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor,
+                            random.bounded(end + 1));
         QTextCharFormat format;
         format.setFontWeight(random.bounded(2) == 0 ? QFont::Bold : QFont::Normal);
         format.setFontPointSize(random.bounded(8, 12));
@@ -80,7 +83,7 @@ void tst_ReplaceRounds::equalsTheLiteralLoop()
     qInfo("seed %u", seed);
     QRandomGenerator random(seed);
     int cascades = 0;
-    for (int run = 0; run < 3000; ++run) {
+    for (int run = 0; run < 2000; ++run) {
         const QString text = randomText(random, 0, 30);
         const QString sought = randomText(random, 1, 3);
         const QString replacement = randomText(random, 0, 4);
