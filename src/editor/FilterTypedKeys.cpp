@@ -18,8 +18,11 @@ public:
     {
         if (event->type() != QEvent::KeyPress)
             return false;
-        const QString text = static_cast<QKeyEvent *>(event)->text();
-        if (text.isEmpty() || (!text.front().isPrint() && !text.front().isSurrogate()))
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        const QString text = key.text();
+        // Control alone makes commands of letters; with Alt it is AltGr on some keyboards.
+        const bool isCommand = (key.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+        if (isCommand || text.isEmpty() || !(text.front().isPrint() || text.front().isSurrogate()))
             return false;
         const char16_t typed = text.front().unicode();
         const char16_t kept = filter_(typed);
