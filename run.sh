@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds Quillon and starts it. On a fresh Debian 12 it installs what is missing first.
 #
-#   ./run.sh            build and start; without a display: a sample text on the command line
+#   ./run.sh            build and start; without a display: do the main job on a virtual one
 #   ./run.sh --build    build only
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -26,7 +26,11 @@ rm -f build-configure.log
 cmake --build --preset release
 [ -z "$build_only" ] || exit 0
 
-sample="Three lamps burned late beside the quiet water."
-echo
-echo "English: $sample"
-echo "Tengwar: $(build/app/quillon-cli transcribe --mode English <<<"$sample")"
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    exec build/app/quillon
+fi
+
+echo "There is no display; this is the program at work on a virtual one."
+tools/ensure-packages "${virtual_display_packages[@]}"
+QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" \
+    build/tools/demo/demo English "Three lamps burned late beside the quiet water." build/quillon.png

@@ -1,5 +1,7 @@
 # What each task needs beyond Debian's base system; read by run.sh, test.sh and .ci/run.
-build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev)
+build_packages=(g++ cmake ninja-build qt6-base-dev libgl1-mesa-dev
+    fontforge-nox python3-fontforge)
 run_packages=(libqt6svg6)
-test_packages=(ccache qt6-base-dev-tools xvfb xauth)
+virtual_display_packages=(xvfb xauth)
+test_packages=(ccache "${virtual_display_packages[@]}")
 lint_packages=(clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev)

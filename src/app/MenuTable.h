@@ -9,7 +9,8 @@ enum class MenuMark : quint8 { None, Check };
 
 /// One line of the menu tree. An entry followed by deeper ones is a menu, one whose caption is "-"
 /// a separator, any other an item.
-struct MenuEntry {
+struct MenuEntry
+{
     int depth; ///< 0 in the menu bar
     QLatin1StringView name;
     QLatin1StringView caption;

@@ -10,8 +10,8 @@ bool belongsToPane(const QKeyEvent &key)
 {
     constexpr Qt::Key Keys[] = {Qt::Key_Z, Qt::Key_Y, Qt::Key_X,  Qt::Key_C,
                                 Qt::Key_V, Qt::Key_A, Qt::Key_Tab};
-    return key.modifiers() == Qt::ControlModifier
-           && std::find(std::begin(Keys), std::end(Keys), key.key()) != std::end(Keys);
+    return key.modifiers() == Qt::ControlModifier &&
+           std::find(std::begin(Keys), std::end(Keys), key.key()) != std::end(Keys);
 }
 
 } // namespace

@@ -8,10 +8,11 @@ class QAction;
 class QKeyEvent;
 class QWidget;
 
-/// Decides for each key combination pressed in a pane whether the pane or the menu takes it, so that
-/// it acts exactly once. The pane's own Ctrl keys, clipboard, undo and the change of panes, stay
-/// with the pane's key handler, although menus show most of them. Every other combination that a
-/// menu shows belongs to the menu: the pane never acts on it, not even while the item is disabled.
+/// Decides for each key combination pressed in a pane whether the pane or the menu takes it, so
+/// that it acts exactly once. The pane's own Ctrl keys, clipboard, undo and the change of panes,
+/// stay with the pane's key handler, although menus show most of them. Every other combination that
+/// a menu shows belongs to the menu: the pane never acts on it, not even while the item is
+/// disabled.
 class PaneShortcuts final : public QObject
 {
     Q_OBJECT

@@ -9,6 +9,8 @@
 
 Splitter::Splitter(QWidget &bar, QWidget *parent) : QWidget(parent), bar_(bar)
 {
+    constexpr int Width = 6; // pixels
+    setFixedWidth(Width);
     setCursor(Qt::SplitHCursor);
     bar_.hide();
 }
@@ -20,8 +22,7 @@ void Splitter::mousePressEvent(QMouseEvent *event)
     constexpr int Shorter = 20; // twips
     barLeft_ = left_;
     grabbedAt_ = event->position().toPoint().x();
-    bar_.setGeometry(x(), y(), width(),
-                     height() - toPixels(Shorter, twipsPerPixelY(*this)));
+    bar_.setGeometry(x(), y(), width(), height() - toPixels(Shorter, twipsPerPixelY(*this)));
     bar_.show();
     bar_.raise();
     dragging_ = true;

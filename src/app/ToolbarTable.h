@@ -13,7 +13,8 @@ enum class ToolbarItem : quint8 {
 
 /// One place of a toolbar. The action of a button is named after its toolbar and key
 /// ("Toolbar1.New"), its picture after its key ("New.svg").
-struct ToolbarEntry {
+struct ToolbarEntry
+{
     ToolbarItem item;
     QLatin1StringView key = {};
     QLatin1StringView tip = {};

@@ -2,9 +2,10 @@
 
 #include <QtGlobal>
 
-/// Where a control stands in the window's inner area, in twips. A size below 0 means that the window
-/// has no room for it.
-struct ControlBox {
+/// Where a control stands in the window's inner area, in twips. A size below 0 means that the
+/// window has no room for it.
+struct ControlBox
+{
     qint64 left = 0;
     qint64 top = 0;
     qint64 width = 0;
@@ -14,19 +15,21 @@ struct ControlBox {
 };
 
 /// What the arrangement of the main window depends on, in twips.
-struct WindowMeasures {
-    qint64 width = 0;               ///< of the window's inner area
-    qint64 height = 0;              ///< of the window's inner area
-    qint64 standardToolbar = 0;     ///< height of Toolbar1, 0 when hidden
-    qint64 formattingToolbar = 0;   ///< height of tbrFormat, 0 when hidden
-    qint64 statusBar = 0;           ///< height of StatusBar1, 0 when hidden
-    qint64 caption = 0;             ///< height of the captions above the panes
-    qint64 split = 0;               ///< left edge of imgRuler
-    qint64 bar = 0;                 ///< width of imgRuler
+struct WindowMeasures
+{
+    qint64 width = 0;             ///< of the window's inner area
+    qint64 height = 0;            ///< of the window's inner area
+    qint64 standardToolbar = 0;   ///< height of Toolbar1, 0 when hidden
+    qint64 formattingToolbar = 0; ///< height of tbrFormat, 0 when hidden
+    qint64 statusBar = 0;         ///< height of StatusBar1, 0 when hidden
+    qint64 caption = 0;           ///< height of the captions above the panes
+    qint64 split = 0;             ///< left edge of imgRuler
+    qint64 bar = 0;               ///< width of imgRuler
 };
 
 /// Where everything in the main window stands.
-struct WindowLayout {
+struct WindowLayout
+{
     ControlBox Toolbar1;
     ControlBox tbrFormat;
     ControlBox imgRuler;

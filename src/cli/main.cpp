@@ -1,5 +1,6 @@
 #include "Version.h"
 #include "cli/CommandLine.h"
+#include "cli/ModeCommands.h"
 #include "cli/RtfCommands.h"
 #include "cli/TranscribeCommand.h"
 #include "engine/RuntimeError.h"
@@ -19,6 +20,7 @@ struct Command
 
 constexpr std::array commands = {
     Command{"transcribe", "transcribe English or Elvish text by a mode", transcribe},
+    Command{"mode", "pack, unpack, list and check modes", mode},
     Command{"rtf2text", "print the text of an RTF file", rtf2text},
     Command{"rtf2rtf", "rewrite an RTF file", rtf2rtf},
 };

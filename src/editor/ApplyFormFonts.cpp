@@ -13,7 +13,8 @@ void ApplyFormFonts(QWidget &form, const Settings &settings)
         if (tag != u"text" && tag != u"tengwar")
             continue;
         QFont font = control->font();
-        font.setFamilies({tag == u"text" ? settings.GenericRomanFont : settings.GenericTengwarFont});
+        font.setFamilies(
+            {tag == u"text" ? settings.GenericRomanFont : settings.GenericTengwarFont});
         control->setFont(font);
     }
 }

@@ -4,7 +4,8 @@
 
 /// The settings in memory. Start-up reads them once; only the preferences dialog, the choice of a
 /// mode and the search for the mode editor change them while the program runs.
-struct Settings {
+struct Settings
+{
     QString GenericRomanFont;   ///< font of all controls tagged "text"
     QString GenericTengwarFont; ///< font of all controls tagged "tengwar"
     QString CurrentMode;        ///< name of the chosen mode; empty if none is chosen

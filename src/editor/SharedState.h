@@ -7,7 +7,8 @@
 #include <QVariant>
 
 /// What the whole program shares. Start-up owns the one instance and passes it to whoever needs it.
-struct SharedState {
+struct SharedState
+{
     ::Settings Settings;
 
     QString ProgramFolder; ///< the program's own folder, without a separator at its end

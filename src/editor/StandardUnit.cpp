@@ -2,7 +2,8 @@
 
 std::optional<double> twipsPerUnit(QStringView unit)
 {
-    struct UnitFactor {
+    struct UnitFactor
+    {
         QStringView unit;
         double twips;
     };

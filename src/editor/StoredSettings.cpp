@@ -23,7 +23,8 @@ qint16 StoredSettings::number(const QString &key, const QString &name) const
     const double number = std::nearbyint(stored.trimmed().toDouble(&isNumber));
     if (!isNumber || std::isnan(number))
         return 0;
-    if (number < std::numeric_limits<qint16>::min() || number > std::numeric_limits<qint16>::max()) {
+    if (number < std::numeric_limits<qint16>::min() ||
+        number > std::numeric_limits<qint16>::max()) {
         throw RuntimeError(
             ErrorNumber::Overflow,
             QStringLiteral("The setting \"%1\" of %2 holds %3.").arg(name, key, stored));

@@ -1,6 +1,7 @@
 #include "editor/TextEdits.h"
 
 #include "platform/RichTextBox.h"
+#include "platform/TextPosition.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -50,11 +51,13 @@ struct Rewriting
     QTextFragment within; ///< the fragment that all of it lies in, if it does
 };
 
-QTextCharFormat formatBehind(QTextCursor cursor, int position)
+/// The format of what would replace the character at a position of the document.
+QTextCharFormat formatAt(QTextDocument &document, int position)
 {
+    QTextCursor cursor(&document);
     cursor.setPosition(position);
-    cursor.movePosition(QTextCursor::NextCharacter);
-    return cursor.charFormat();
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    return insertionFormat(cursor);
 }
 
 /// Joins edits within one fragment, with the text between them: a document that is changed in
@@ -70,7 +73,7 @@ std::vector<Rewriting> rewritings(QTextDocument &document, std::span<const TextE
         const QTextFragment fragment = walk.fragmentAt(lender);
         const QString text = documentText(edit.text);
         if (!fragment.isValid()) {
-            all.push_back({start, end, text, formatBehind(QTextCursor(&document), lender), {}});
+            all.push_back({start, end, text, formatAt(document, lender), {}});
             continue;
         }
         const int fragmentEnd = fragment.position() + fragment.length();

@@ -3,6 +3,7 @@
 #include "editor/ApplyFormFonts.h"
 #include "editor/SharedState.h"
 #include "engine/LoadMode.h"
+#include "engine/run/ChooseMode.h"
 #include "engine/run/FillModeList.h"
 #include "platform/AtomicFile.h"
 #include "platform/MessageBox.h"
@@ -94,8 +95,7 @@ void frmModes::showComment()
 
 void frmModes::chooseSelected()
 {
-    if (isFile(selectedFile()))
-        state_.Settings.CurrentMode = selectedName();
+    chooseMode(selectedName(), state_.Settings);
     refillModeList_();
     accept();
 }

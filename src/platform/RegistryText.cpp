@@ -101,7 +101,7 @@ std::optional<QString> takeString(QStringView &rest)
     if (!rest.startsWith(quote))
         return std::nullopt;
     rest = rest.sliced(1);
-    QString text;
+    QString text = QStringLiteral(""); // not null, since it is there
     while (!rest.isEmpty()) {
         const QChar character = rest.front();
         rest = rest.sliced(1);
@@ -135,6 +135,28 @@ std::optional<RegistryValue> parseValue(QStringView form)
             return integer;
     }
     return UnknownRegistryValue{form.toString()};
+}
+
+/// A line that names a value.
+struct Entry
+{
+    QString name; ///< never null
+    RegistryValue value;
+};
+
+/// None if the line is no such line.
+std::optional<Entry> parseEntry(const QString &line)
+{
+    const QString trimmed = line.trimmed();
+    QStringView rest = trimmed;
+    const std::optional<QString> name = takeString(rest);
+    rest = rest.trimmed();
+    if (!name || !rest.startsWith(u'='))
+        return std::nullopt;
+    std::optional<RegistryValue> value = parseValue(rest.sliced(1).trimmed());
+    if (!value)
+        return std::nullopt;
+    return Entry{*name, *std::move(value)};
 }
 
 QString valueForm(const RegistryValue &value)
@@ -197,26 +219,21 @@ std::optional<RegistryText> RegistryText::parse(QByteArrayView bytes)
 bool RegistryText::parseLine(const QString &line)
 {
     const QString trimmed = line.trimmed();
-    QStringView rest = trimmed;
-    if (rest.isEmpty() || rest.startsWith(u';') || rest.startsWith(u'#')) {
-        sections_.last().lines += {line, {}};
+    if (trimmed.isEmpty() || trimmed.startsWith(u';') || trimmed.startsWith(u'#')) {
+        sections_.last().lines += Line{line, {}};
         return true;
     }
-    if (rest.startsWith(u'[') && rest.endsWith(u']')) {
-        const std::optional<QString> path = parsePath(rest.sliced(1).chopped(1));
+    if (trimmed.startsWith(u'[') && trimmed.endsWith(u']')) {
+        const std::optional<QString> path = parsePath(QStringView(trimmed).sliced(1).chopped(1));
         if (!path || path->isEmpty())
             return false;
         sections_ += {*path, {{line, {}}}};
         return true;
     }
-    const std::optional<QString> name = takeString(rest);
-    rest = rest.trimmed();
-    if (!name || !rest.startsWith(u'=') || sections_.last().path.isEmpty())
+    const std::optional<Entry> entry = parseEntry(line);
+    if (!entry || sections_.last().path.isEmpty())
         return false;
-    const std::optional<RegistryValue> value = parseValue(rest.sliced(1).trimmed());
-    if (!value)
-        return false;
-    sections_.last().lines += {line, Entry{*name, *value}};
+    sections_.last().lines += Line{line, entry->name};
     return true;
 }
 
@@ -246,7 +263,7 @@ const RegistryText::Line *RegistryText::find(const QString &path, const QString 
         if (!isSame(section.path, sought))
             continue;
         for (const Line &line : section.lines) {
-            if (line.entry && isSame(line.entry->name, name))
+            if (!line.name.isNull() && isSame(line.name, name))
                 return &line;
         }
     }
@@ -256,7 +273,7 @@ const RegistryText::Line *RegistryText::find(const QString &path, const QString 
 std::optional<RegistryValue> RegistryText::value(const QString &path, const QString &name) const
 {
     const Line *line = find(path, name);
-    return line != nullptr ? std::optional(line->entry->value) : std::nullopt;
+    return line != nullptr ? std::optional(parseEntry(line->text)->value) : std::nullopt;
 }
 
 bool RegistryText::createKey(const QString &path)
@@ -275,7 +292,8 @@ bool RegistryText::setValue(const QString &path, const QString &name, const Regi
 {
     if (!contains(path) || std::holds_alternative<UnknownRegistryValue>(value))
         return false;
-    const Line line = {quoted(name) + QStringLiteral(" = ") + valueForm(value), Entry{name, value}};
+    const Line line = {quoted(name) + QStringLiteral(" = ") + valueForm(value),
+                       name.isNull() ? QStringLiteral("") : name};
     if (const Line *present = find(path, name)) {
         *const_cast<Line *>(present) = line;
         return true;

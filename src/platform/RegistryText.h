@@ -31,15 +31,11 @@ public:
     bool setValue(const QString &path, const QString &name, const RegistryValue &value);
 
 private:
-    struct Entry
-    {
-        QString name;
-        RegistryValue value;
-    };
+    /// A line as it stands, and the name of the value that it holds; null if it holds none.
     struct Line
     {
         QString text;
-        std::optional<Entry> entry;
+        QString name;
     };
     struct Section
     {

@@ -1,101 +1,42 @@
 #include "platform/RichTextBox.h"
 
 #include "platform/SoftHyphen.h"
-#include <QClipboard>
-#include <QDragMoveEvent>
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QMimeData>
+#include "platform/TextPosition.h"
 #include <QTextBlock>
-#include <QUrl>
 #include <algorithm>
-#include <initializer_list>
-#include <memory>
-#include <optional>
-
-namespace {
-
-/// Whether the control inserts what the key types. Control alone makes commands of letters;
-/// Control with Alt is AltGr on some keyboards.
-bool typesText(const QKeyEvent &event)
-{
-    if (event.text().isEmpty())
-        return false;
-    const QChar first = event.text().front();
-    if (first.category() == QChar::Other_Format)
-        return true;
-    const bool isCommand = (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
-    const bool isText = first.isPrint() || first.isHighSurrogate() || first == u'\t' ||
-                        first.category() == QChar::Other_PrivateUse;
-    return isText && !isCommand;
-}
-
-bool isOneOf(const QKeyEvent &event, std::initializer_list<QKeySequence::StandardKey> keys)
-{
-    return std::any_of(keys.begin(), keys.end(),
-                       [&](QKeySequence::StandardKey key) { return event.matches(key); });
-}
-
-/// Why the control is about to change its text for a key; none if it isn't.
-std::optional<ChangeReason> changeReason(const QKeyEvent &event, const RichTextBox &box)
-{
-    if ((event.matches(QKeySequence::Cut) && box.textCursor().hasSelection()) ||
-        (event.matches(QKeySequence::Paste) && box.canPaste()) ||
-        isOneOf(event, {QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
-                        QKeySequence::DeleteEndOfLine}))
-        return ChangeReason::EditingKey;
-    const bool isBackspace = event.key() == Qt::Key_Backspace &&
-                             (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
-    if (isBackspace || typesText(event) ||
-        isOneOf(event, {QKeySequence::Delete, QKeySequence::InsertParagraphSeparator,
-                        QKeySequence::InsertLineSeparator}))
-        return ChangeReason::Typing;
-    return std::nullopt;
-}
-
-/// Keys by which the control would turn a paragraph's writing direction.
-bool turnsDirection(const QKeyEvent &event)
-{
-    return event.key() == Qt::Key_Direction_L || event.key() == Qt::Key_Direction_R;
-}
-
-QStringList localFiles(const QMimeData &data)
-{
-    QStringList paths;
-    for (const QUrl &url : data.urls()) {
-        if (url.isLocalFile())
-            paths += url.toLocalFile();
-    }
-    return paths;
-}
-
-/// The format of the first selected character, or that at the caret.
-QTextCharFormat insertionFormat(const QTextCursor &cursor)
-{
-    if (!cursor.hasSelection())
-        return cursor.charFormat();
-    QTextCursor first(cursor);
-    first.setPosition(cursor.selectionStart());
-    first.movePosition(QTextCursor::NextCharacter);
-    return first.charFormat();
-}
-
-} // namespace
 
 RichTextBox::RichTextBox(QWidget *parent) : QTextEdit(parent)
 {
-    setUndoRedoEnabled(false);
     setAcceptRichText(false);
     setContextMenuPolicy(Qt::CustomContextMenu);
-    showSoftHyphens(*document());
     showInactiveSelection();
-    connect(document(), &QTextDocument::contentsChange, this, [this] { textIsCurrent_ = false; });
+    showDocument(*document());
     connect(this, &QTextEdit::textChanged, this, &RichTextBox::changed);
     connect(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::reportSelection);
     connect(this, &QTextEdit::selectionChanged, this, &RichTextBox::reportSelection);
 }
 
 RichTextBox::~RichTextBox() = default;
+
+void RichTextBox::showDocument(QTextDocument &document)
+{
+    document.setParent(this);
+    document.setUndoRedoEnabled(false);
+    showSoftHyphens(document);
+    connect(&document, &QTextDocument::contentsChange, this, &RichTextBox::textHasChanged);
+    textHasChanged();
+    QTextDocument *former = this->document();
+    if (former != &document) {
+        setDocument(&document);
+        former->deleteLater(); // it may be what is telling of its change right now
+    }
+}
+
+void RichTextBox::textHasChanged()
+{
+    textIsCurrent_ = false;
+    format_.reset();
+}
 
 QString RichTextBox::Text() const
 {
@@ -184,6 +125,7 @@ void RichTextBox::reportSelection()
         return;
     reportedAnchor_ = cursor.anchor();
     reportedPosition_ = cursor.position();
+    format_.reset();
     Q_EMIT selectionMoved();
 }
 
@@ -194,105 +136,4 @@ void RichTextBox::showInactiveSelection()
         colours.setColor(QPalette::Inactive, role, colours.color(QPalette::Active, role));
     if (colours != palette())
         setPalette(colours);
-}
-
-void RichTextBox::keyPressEvent(QKeyEvent *event)
-{
-    KeyPress key{.key = event->key(), .modifiers = event->modifiers()};
-    Q_EMIT keyDown(key);
-    if (key.swallowed || turnsDirection(*event))
-        return;
-    if (const std::optional<ChangeReason> reason = changeReason(*event, *this))
-        Q_EMIT aboutToChange(*reason);
-    if (typesText(*event) && documentText(event->text()) != event->text())
-        setSelText(event->text());
-    else
-        QTextEdit::keyPressEvent(event);
-}
-
-void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
-{
-    const bool replaces = !event->preeditString().isEmpty() && textCursor().hasSelection();
-    if (replaces || !event->commitString().isEmpty() || event->replacementLength() > 0)
-        Q_EMIT aboutToChange(ChangeReason::InputMethod);
-    event->setCommitString(documentText(event->commitString()), event->replacementStart(),
-                           event->replacementLength());
-    QTextEdit::inputMethodEvent(event);
-}
-
-void RichTextBox::mousePressEvent(QMouseEvent *event)
-{
-    // A press inside the selection would start a drag, whose end may take the text away unseen.
-    const bool isPlain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (isPlain && textCursor().hasSelection())
-        setTextCursor(cursorForPosition(event->position().toPoint()));
-    QTextEdit::mousePressEvent(event);
-}
-
-void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
-{
-    const QClipboard &clipboard = *QGuiApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard.supportsSelection() &&
-        canInsertFromMimeData(clipboard.mimeData(QClipboard::Selection)))
-        Q_EMIT aboutToChange(ChangeReason::PrimaryPaste);
-    QTextEdit::mouseReleaseEvent(event);
-}
-
-void RichTextBox::focusInEvent(QFocusEvent *event)
-{
-    QTextEdit::focusInEvent(event);
-    Q_EMIT activated();
-}
-
-void RichTextBox::changeEvent(QEvent *event)
-{
-    QTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        showInactiveSelection();
-}
-
-void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
-{
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-    else
-        QTextEdit::dragEnterEvent(event);
-}
-
-void RichTextBox::dragMoveEvent(QDragMoveEvent *event)
-{
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-    else
-        QTextEdit::dragMoveEvent(event);
-}
-
-void RichTextBox::dropEvent(QDropEvent *event)
-{
-    const QStringList paths = localFiles(*event->mimeData());
-    if (!paths.isEmpty()) {
-        event->acceptProposedAction();
-        Q_EMIT filesDropped(paths);
-        return;
-    }
-    if (canInsertFromMimeData(event->mimeData()))
-        Q_EMIT aboutToChange(ChangeReason::Drop);
-    QTextEdit::dropEvent(event);
-}
-
-QMimeData *RichTextBox::createMimeDataFromSelection() const
-{
-    auto plain = std::make_unique<QMimeData>();
-    plain->setText(SelText());
-    return plain.release();
-}
-
-bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
-{
-    return source != nullptr && source->hasText();
-}
-
-void RichTextBox::insertFromMimeData(const QMimeData *source)
-{
-    setSelText(source->text());
 }

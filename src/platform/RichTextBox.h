@@ -1,8 +1,14 @@
 #pragma once
 
-#include "platform/TextPosition.h"
+#include "platform/SelectionFormat.h"
+#include "platform/TextForm.h"
 #include "platform/TextSearch.h"
 #include <QTextEdit>
+
+class QPrinter;
+
+/// The file types of RichTextBox::LoadFile and SaveFile.
+enum class FileType { RichText = 0, Text = 1 };
 
 /// Where a change of the text that the program didn't make itself comes from.
 enum class ChangeReason {
@@ -74,15 +80,59 @@ public:
     void setSelText(const QString &text);
 
     /// Searches for `text` as TextSearch does: selects the first match that begins at or after
-    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if
-    /// there is none.
+    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if there
+    /// is none.
     int find(const QString &text, int start, int end, FindFlags flags = FindFlag::None);
+
+    /// The attributes of the selection, or those of the next character typed. They are kept until
+    /// the text or the selection changes.
+    [[nodiscard]] const SelectionFormat &SelFormat() const;
+
+    /// Each sets one attribute of everything that is selected, or how the next character typed
+    /// looks where nothing is.
+    void setSelFontName(const QString &name);
+    /// In points, rounded to halves; throws RuntimeError (InvalidProcedureCall) outside 1 to 1638.
+    void setSelFontSize(double points);
+    void setSelBold(bool bold);
+    void setSelItalic(bool italic);
+    void setSelUnderline(bool underline);
+    void setSelCharOffset(int twips); ///< RTF keeps multiples of 10
+
+    /// Each sets one attribute of every paragraph that the selection touches. Lengths in twips.
+    void setSelAlignment(Alignment alignment);
+    void setSelBullet(bool bullet);
+    void setSelIndent(int twips);        ///< moves all lines: the hanging indent stays
+    void setSelHangingIndent(int twips); ///< the first line stays
+    void setSelRightIndent(int twips);
+    void setBulletIndent(int twips);
+
+    /// Replaces the content by that of a file; the caret goes to the start. Without a type a file
+    /// that begins as RTF is read as that, any other as text, whose form is kept (see textForm).
+    /// Throws RuntimeError naming the file, with the content unchanged: as readFile does, DeviceIo
+    /// for a file of type RichText that is none, OutOfMemory for one that is too large.
+    void LoadFile(const QString &path, std::optional<FileType> type = std::nullopt);
+
+    /// Writes the content to a file: as RTF, or its text in textForm(). Throws as writeFile does.
+    void SaveFile(const QString &path, FileType type) const;
+
+    /// The form in which the text is saved as a file of type Text: that of the text file opened
+    /// last, else as set.
+    [[nodiscard]] const TextForm &textForm() const { return textForm_; }
+    void setTextForm(const TextForm &form) { textForm_ = form; }
+
+    /// The content as RTF.
+    [[nodiscard]] QByteArray TextRTF() const;
+
+    /// Prints the selection, or the whole content where nothing is selected, on the printer's
+    /// pages.
+    void SelPrint(QPrinter &printer) const;
 
 Q_SIGNALS:
     /// The text or its formatting has changed, by whatever cause.
     void changed();
 
-    /// The selection or the caret has moved; once for each move.
+    /// The selection or the caret has moved, once for each move, or the look of the next character
+    /// typed has been set.
     void selectionMoved();
 
     /// The control has received the focus.
@@ -116,8 +166,14 @@ private:
     void reportSelection();
     void showInactiveSelection();
     void select(int start, int length);
+    void showDocument(QTextDocument &document);
+    void textHasChanged();
+    void formatSelection(const std::function<void(CharacterFormat &)> &change);
+    [[nodiscard]] bool endsBullet(const QKeyEvent &event) const;
 
     QString tag_;
+    TextForm textForm_;
+    mutable std::optional<SelectionFormat> format_; ///< empty until asked for
     mutable QString text_;
     mutable bool textIsCurrent_ = false;
     int reportedAnchor_ = 0;

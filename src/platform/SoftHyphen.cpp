@@ -4,6 +4,8 @@
 #include <QGlyphRun>
 #include <QPainter>
 #include <QRawFont>
+#include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextObjectInterface>
 
@@ -66,6 +68,25 @@ void showSoftHyphens(QTextDocument &document)
 {
     QAbstractTextDocumentLayout *layout = document.documentLayout();
     layout->registerHandler(QTextFormat::NoObject, new SoftHyphenObject(layout));
+}
+
+void holdSoftHyphens(QTextDocument &document)
+{
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QString text = block.text();
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            if (text[i] != softHyphen && text[i] != shownSoftHyphen)
+                continue;
+            cursor.setPosition(block.position() + int(i));
+            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+            const QChar held =
+                text[i] == softHyphen ? shownSoftHyphen : QChar(QChar::ReplacementCharacter);
+            cursor.insertText(held, cursor.charFormat());
+        }
+    }
+    cursor.endEditBlock();
 }
 
 #include "SoftHyphen.moc"

@@ -11,3 +11,7 @@ constexpr QChar shownSoftHyphen(QChar::ObjectReplacementCharacter);
 
 /// Makes the document's layout draw the glyph of U+00AD for every U+FFFC.
 void showSoftHyphens(QTextDocument &document);
+
+/// Puts U+FFFC in the place of each U+00AD of a document, and U+FFFD in that of each U+FFFC, which
+/// means something else elsewhere. Formats stay.
+void holdSoftHyphens(QTextDocument &document);

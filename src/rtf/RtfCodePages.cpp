@@ -1,6 +1,7 @@
 #include "rtf/RtfCodePages.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <iconv.h>
 #include <iterator>
 #include <utility>
@@ -42,29 +43,35 @@ public:
         QString result;
         char *input = const_cast<char *>(bytes.data()); // iconv only reads it
         auto inputLeft = static_cast<size_t>(bytes.size());
-        std::array<char16_t, 1024> buffer{};
         iconv(handle_, nullptr, nullptr, nullptr, nullptr);
         while (inputLeft > 0) {
-            auto *output = reinterpret_cast<char *>(buffer.data());
-            size_t outputLeft = sizeof(buffer);
-            const size_t failures = iconv(handle_, &input, &inputLeft, &output, &outputLeft);
-            const size_t units = (sizeof(buffer) - outputLeft) / sizeof(char16_t);
-            result.append(QStringView(buffer.data(), static_cast<qsizetype>(units)));
-            const bool bufferFull = outputLeft < 4;
-            if (failures == static_cast<size_t>(-1) && !bufferFull && inputLeft > 0) {
-                result.append(QChar(replacement));
-                ++input;
-                --inputLeft;
-            }
+            if (step(&input, &inputLeft, result) || errno == E2BIG)
+                continue;
+            result.append(QChar(replacement));
+            ++input;
+            --inputLeft;
         }
+        step(nullptr, nullptr, result); // a letter may be held back, for a mark to combine with
         return result;
     }
 
 private:
     static iconv_t failed()
     {
-        return reinterpret_cast<iconv_t>(-1);
-    } // NOLINT(performance-no-int-to-ptr)
+        return reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
+    }
+
+    /// Converts as much as possible of a piece; errno tells what stopped it.
+    bool step(char **input, size_t *inputLeft, QString &result)
+    {
+        std::array<char16_t, 1024> buffer{};
+        auto *output = reinterpret_cast<char *>(buffer.data());
+        size_t outputLeft = sizeof(buffer);
+        const size_t done = iconv(handle_, input, inputLeft, &output, &outputLeft);
+        const size_t units = (sizeof(buffer) - outputLeft) / sizeof(char16_t);
+        result.append(QStringView(buffer.data(), static_cast<qsizetype>(units)));
+        return done != static_cast<size_t>(-1);
+    }
 
     iconv_t handle_;
 };
@@ -212,11 +219,6 @@ RtfDecoder::Page &RtfDecoder::page(int codePage)
             character = char16_t(i); // as Windows has its unassigned bytes
     }
     return *slot;
-}
-
-bool RtfDecoder::isSingleByte(int codePage)
-{
-    return page(codePage).table.has_value();
 }
 
 QString RtfDecoder::decode(QByteArrayView bytes, int codePage)

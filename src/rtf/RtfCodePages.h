@@ -36,9 +36,6 @@ public:
 
     [[nodiscard]] QString decode(QByteArrayView bytes, int codePage);
 
-    /// Whether each byte of the page stands for itself alone.
-    [[nodiscard]] bool isSingleByte(int codePage);
-
 private:
     using Table = std::array<char16_t, 256>;
     struct Page;

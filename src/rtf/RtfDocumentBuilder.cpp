@@ -31,8 +31,6 @@ void RtfDocumentBuilder::startBlock(const RtfParagraph &paragraph)
         paragraphFormat_ = paragraph.format;
         blockFormat_ = {};
         paragraphFormat_.applyTo(blockFormat_);
-        if (paragraphFormat_.bullet)
-            blockFormat_.setObjectIndex(bulletList_);
     }
     const QTextCharFormat &mark = characterFormat(paragraph.mark);
     if (std::exchange(isFirst_, false)) {
@@ -41,10 +39,8 @@ void RtfDocumentBuilder::startBlock(const RtfParagraph &paragraph)
     } else {
         cursor_.insertBlock(blockFormat_, mark);
     }
-    if (paragraphFormat_.bullet && bulletList_ < 0) {
-        bulletList_ = bulletList(cursor_)->objectIndex();
-        blockFormat_.setObjectIndex(bulletList_);
-    }
+    if (paragraphFormat_.bullet)
+        bulletList_ = drawBullet(cursor_, bulletList_);
 }
 
 void RtfDocumentBuilder::paragraph(const RtfParagraph &paragraph)

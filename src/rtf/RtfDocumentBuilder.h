@@ -25,6 +25,6 @@ private:
     QHash<CharacterFormat, QTextCharFormat> characterFormats_;
     ParagraphFormat paragraphFormat_; ///< that `blockFormat_` stands for
     QTextBlockFormat blockFormat_;
-    int bulletList_ = -1; ///< the bullets' list as an object of the document
+    QTextList *bulletList_ = nullptr; ///< the last one made; the document owns it
     bool isFirst_ = true;
 };

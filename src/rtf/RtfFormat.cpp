@@ -206,12 +206,12 @@ void ParagraphFormat::applyTo(QTextBlockFormat &format) const
         format.setTabPositions(positions);
 }
 
-QTextList *bulletList(QTextCursor cursor)
+QTextList *drawBullet(QTextCursor cursor, QTextList *list)
 {
-    const QTextDocument &document = *cursor.document();
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (QTextList *list = block.textList())
-            return list;
+    constexpr int mostItems = 100; // Qt visits them all whenever one comes or goes
+    if (list != nullptr && list->count() < mostItems) {
+        list->add(cursor.block());
+        return list;
     }
     QTextListFormat format;
     format.setStyle(QTextListFormat::ListDisc);
@@ -234,7 +234,7 @@ void applyParagraphFormat(QTextCursor cursor, const ParagraphFormat &format)
             blockFormat.setObjectIndex(-1);
         paragraph.setBlockFormat(blockFormat);
         if (format.bullet && block.textList() == nullptr)
-            bulletList(paragraph)->add(block);
+            drawBullet(paragraph, block.previous().textList());
     }
     cursor.endEditBlock();
 }

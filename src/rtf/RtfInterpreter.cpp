@@ -8,6 +8,7 @@ RtfInterpreter::RtfInterpreter(QByteArrayView bytes, RtfSink &sink)
       notes_(noteParagraphs_)
 {
     group_.flow = &body_;
+    resetCharacter();
 }
 
 void RtfInterpreter::BodySink::paragraph(const RtfParagraph &paragraph)
@@ -30,9 +31,11 @@ std::optional<RtfError> RtfInterpreter::run()
             break;
         take(token);
         if (isOverLimits())
-            return RtfError{RtfError::What::TooLarge, tokenizer_.offset()};
+            break;
     }
     finish();
+    if (isOverLimits())
+        return RtfError{RtfError::What::TooLarge, tokenizer_.offset()};
     return std::nullopt;
 }
 
@@ -72,7 +75,9 @@ void RtfInterpreter::take(const RtfToken &token)
         symbol(token.byte);
         break;
     case RtfToken::Kind::HexByte:
-        if (!isFallback() && token.hasParameter)
+        if (isFallback())
+            fallbackLeft_ += token.hasParameter ? 0 : token.parameter; // its second digit's place
+        else if (token.hasParameter)
             textByte(token.byte);
         break;
     case RtfToken::Kind::Text:
@@ -119,8 +124,8 @@ void RtfInterpreter::leave(const Group &ended)
         ended.flow->endSection(ended.character, ended.paragraph);
     if (ended.destination == group_.destination)
         return;
-    if (ended.destination == RtfDestination::FontTable && group_.fontNumber < 0) {
-        resetCharacter();
+    if (ended.destination == RtfDestination::FontTable) {
+        setFont(group_.fontNumber);
     } else if (ended.destination == RtfDestination::OldBullet) {
         ParagraphFormat &format = group_.paragraph.format;
         format.bullet = ended.paragraph.format.bullet;
@@ -142,6 +147,9 @@ void RtfInterpreter::skipGroup()
 
 bool RtfInterpreter::readsText() const
 {
+    const bool beforeDocument = outer_.empty(); // only a byte order mark and white space are there
+    if (beforeDocument)
+        return false;
     switch (group_.destination) {
     case RtfDestination::Body:
     case RtfDestination::Label:
@@ -175,7 +183,19 @@ void RtfInterpreter::textBytes(std::string_view bytes)
     if (isAscii && bytes_.isEmpty() && codePageNow() != RtfCodePage::symbol)
         asciiText(bytes);
     else
-        bytes_.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        gatherBytes(bytes);
+}
+
+void RtfInterpreter::gatherBytes(std::string_view bytes)
+{
+    constexpr size_t most = 1 << 20; // no character of two bytes need survive beyond
+    while (!bytes.empty() && !isOverLimits()) {
+        const size_t size = std::min(bytes.size(), most);
+        bytes_.append(bytes.data(), static_cast<qsizetype>(size));
+        bytes.remove_prefix(size);
+        if (static_cast<size_t>(bytes_.size()) >= most)
+            flushBytes();
+    }
 }
 
 void RtfInterpreter::asciiText(std::string_view text)
@@ -192,17 +212,23 @@ void RtfInterpreter::asciiText(std::string_view text)
 void RtfInterpreter::textByte(uchar byte)
 {
     pushPendingGroups();
+    const char asText = static_cast<char>(byte);
     if (readsText())
-        bytes_.append(static_cast<char>(byte));
+        gatherBytes({&asText, 1});
 }
 
 int RtfInterpreter::codePageNow() const
 {
-    if (group_.destination == RtfDestination::FontTable) {
-        const int ofEntry = fonts_.codePageOfEntry().value_or(documentCodePage_);
+    const int ofEntry = fonts_.codePageOfEntry().value_or(documentCodePage_);
+    switch (group_.destination) {
+    case RtfDestination::Body:
+    case RtfDestination::Label:
+        return group_.codePage;
+    case RtfDestination::FontTable:
         return ofEntry == RtfCodePage::symbol ? documentCodePage_ : ofEntry;
+    default:
+        return documentCodePage_;
     }
-    return group_.codePage;
 }
 
 void RtfInterpreter::flushBytes()
@@ -262,10 +288,8 @@ void RtfInterpreter::deliver(QStringView text)
     constexpr qsizetype longestInstruction = 256;
     switch (group_.destination) {
     case RtfDestination::Body:
-        deliverBody(text);
-        break;
     case RtfDestination::Label:
-        group_.flow->addLabel(text, group_.character);
+        deliverBody(text);
         break;
     case RtfDestination::FontTable:
         fonts_.addName(text);
@@ -320,17 +344,19 @@ bool isPlain(QStringView text)
 
 void RtfInterpreter::deliverBody(QStringView text)
 {
-    if (isPlain(text)) {
-        group_.flow->addText(text, group_.character, group_.paragraph);
-        return;
-    }
-    const bool tengwar = isTengwarFont(group_.character.family);
     QString kept;
-    kept.reserve(text.size());
-    for (const QChar c : text) {
-        if (const char16_t character = keptCharacter(c.unicode(), tengwar))
-            kept.append(QChar(character));
+    if (!isPlain(text)) {
+        const bool tengwar = isTengwarFont(group_.character.family);
+        for (const QChar c : text) {
+            if (const char16_t character = keptCharacter(c.unicode(), tengwar))
+                kept.append(QChar(character));
+        }
+        text = kept;
     }
-    if (!kept.isEmpty())
-        group_.flow->addText(kept, group_.character, group_.paragraph);
+    if (text.isEmpty())
+        return;
+    if (group_.destination == RtfDestination::Label)
+        group_.flow->addLabel(text, group_.character);
+    else
+        group_.flow->addText(text, group_.character, group_.paragraph);
 }

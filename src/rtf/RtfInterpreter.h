@@ -24,6 +24,8 @@ public:
     [[nodiscard]] std::optional<RtfError> run();
 
 private:
+    static constexpr int noFont = -1; ///< stands for the document's default
+
     struct Group
     {
         CharacterFormat character;
@@ -32,7 +34,7 @@ private:
         RtfDestination destination = RtfDestination::Body;
         RtfDestination outside = RtfDestination::Body; ///< of the innermost \field or \upr
         bool starred = false; ///< an unknown control word makes the rest of the group unread
-        int fontNumber = -1;
+        int fontNumber = noFont;
         int codePage = RtfCodePage::latin;
         int fallbackUnits = 1; ///< \uc
     };
@@ -83,6 +85,7 @@ private:
     [[nodiscard]] bool readsText() const;
     void textBytes(std::string_view bytes);
     void asciiText(std::string_view text);
+    void gatherBytes(std::string_view bytes);
     void textByte(uchar byte);
     void codePoint(int number);
     void codeUnit(char16_t unit);

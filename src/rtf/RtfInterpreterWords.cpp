@@ -216,7 +216,7 @@ void RtfInterpreter::unicodeWord(RtfUnicodeWord word, const RtfToken &token)
 void RtfInterpreter::resetCharacter()
 {
     group_.character = {};
-    setFont(defaultFont_.value_or(fonts_.firstNumber()));
+    setFont(noFont);
 }
 
 void RtfInterpreter::setFont(int number)

@@ -28,7 +28,8 @@ public:
     /// A piece of the entry's name, with the semicolon that ends it.
     void addName(QStringView text);
 
-    /// The font of that number; else font `otherwise`; else one without a name.
+    /// The font of that number; else font `otherwise`; else RTF's own default, Times
+    /// New Roman.
     [[nodiscard]] const RtfFont &font(int number, int otherwise) const;
 
     /// The code page of the bytes of the entry's name.

@@ -128,6 +128,7 @@ RtfToken RtfTokenizer::hexByte()
     if (high < 0)
         return token;
     ++next_;
+    token.parameter = 1;
     const int low = next_ != end_ ? hexDigit(*next_) : -1;
     if (low < 0)
         return token;

@@ -12,7 +12,7 @@ struct RtfToken
         GroupEnd,   ///< }
         Word,       ///< \word or \wordN
         Symbol,     ///< a backslash and one character that is no letter; `byte` has it
-        HexByte,    ///< \'xx; without `hasParameter` the two digits are not there
+        HexByte,    ///< \'xx; if not `hasParameter`, only `parameter` digits are there
         Text,       ///< bytes as they stand, none of them a control code except the tab
         Binary,     ///< \binN and its data
     };
@@ -20,7 +20,7 @@ struct RtfToken
     Kind kind = Kind::End;
     bool hasParameter = false;
     uchar byte = 0;
-    int parameter = 0;     ///< clamped to 32 bits
+    int parameter = 0;          ///< clamped to 32 bits
     std::string_view text = {}; ///< of Text its bytes, of Word its letters
 };
 

@@ -78,6 +78,9 @@ void appendCharacter(QByteArray &out, char16_t character, Encoding encoding)
     case QChar::Nbsp:
         out.append("\\~");
         return;
+    case QChar::ObjectReplacementCharacter:
+        character = QChar::SoftHyphen; // shown as an object; see RtfFormat.h
+        break;
     default:
         break;
     }
@@ -216,7 +219,7 @@ const Switch &Writer::characterSwitch(const QTextCharFormat &format, int index)
     Switch made{characterWords(attributes)};
     if (attributes.isSymbolFont())
         made.encoding = Encoding::Symbol;
-    else if (attributes.charset != 0 && !isTengwarFont(attributes.family))
+    else if (attributes.charset != 0 && attributes.charset != symbolCharset)
         made.encoding = Encoding::Unicode;
     return *characterSwitches_.insert(index, made);
 }
@@ -329,9 +332,11 @@ QByteArray Writer::fontTable() const
         appendWord(out, "\\fnil\\fcharset", fonts_[number].charset);
         out.append(' ');
         for (const QChar character : fonts_[number].family) {
+            if (!character.isPrint() || QStringView(u"{}\\;").contains(character))
+                continue;
             if (character.unicode() >= 0x80)
                 appendUnicode(out, character.unicode());
-            else if (character.isPrint() && !QStringView(u"{}\\;").contains(character))
+            else
                 out.append(character.toLatin1());
         }
         out.append(";}");

@@ -3,6 +3,7 @@
 #include "editor/SharedState.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
+#include "platform/TextPosition.h"
 
 #include <QElapsedTimer>
 #include <QEvent>

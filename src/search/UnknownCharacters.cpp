@@ -2,6 +2,7 @@
 
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextPosition.h"
 
 namespace {
 

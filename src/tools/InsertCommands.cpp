@@ -33,7 +33,7 @@ void InsertCommands::insertSpecialCharacters()
     RichTextBox *pane = panes_.pane(state_.ActivePane);
     if (pane == nullptr)
         return;
-    state_.TransferValue = pane->currentFont().family();
+    state_.TransferValue = pane->SelFormat().fontName.value_or(pane->currentFont().family());
     frmSpecialCharacters(state_, &window_).exec();
     insert(state_.ActivePane);
     pane->setFocus();

@@ -49,6 +49,7 @@ void LiteralWalk::run(const QString &original)
                 if (precedingHolds(table.PrecedingCondition[i], lastTag) &&
                     followingHolds(table.FollowingCondition[i], next) &&
                     table.RomanText[i] == window) {
+                    firedRules.insert(i);
                     output += table.TengwarText[i];
                     lastTag = table.LeavesTag[i];
                     pos += width;

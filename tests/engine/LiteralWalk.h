@@ -2,6 +2,7 @@
 
 #include "engine/ModeTable.h"
 
+#include <QSet>
 #include <QString>
 
 /// The transcription written as plainly as it can be told: every window from the widest, every rule
@@ -14,6 +15,7 @@ struct LiteralWalk
     QString output = {};
     bool hadUndefined = false;
     int steps = 0;
+    QSet<qsizetype> firedRules = {}; ///< by index in the table
 
     void run(const QString &text);
 };

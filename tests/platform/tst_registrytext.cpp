@@ -34,6 +34,7 @@ private Q_SLOTS:
     void namesIgnoreCase();
     void keysComeWithTheirLevels();
     void handwrittenLinesStay();
+    void emptyNames();
     void unknownKindsStay();
     void everyCharacterComesBack();
     void randomTextsComeBack();
@@ -149,6 +150,16 @@ void tst_RegistryText::handwrittenLinesStay()
     QCOMPARE(text->toBytes(),
              QByteArray("; mine\n\n[One]\n  \"A\"=\"1\" \n# why\n\"b\" = dword 4\n\"C\" = \"3\"\n\n"
                         "[Two]\n\"A\" = \"x\"\n\n[Three]\n"));
+}
+
+void tst_RegistryText::emptyNames()
+{
+    RegistryText text;
+    text.createKey(u"Key"_qs);
+    QVERIFY(text.setValue(u"Key"_qs, QString(), u"a"_qs));
+    QVERIFY(text.setValue(u"Key"_qs, u""_qs, u"b"_qs));
+    QCOMPARE(text.value(u"Key"_qs, QString()), RegistryValue(u"b"_qs));
+    QCOMPARE(text.toBytes(), QByteArray("[Key]\n\"\" = \"b\"\n"));
 }
 
 void tst_RegistryText::unknownKindsStay()

@@ -2,6 +2,7 @@
 
 #include "engine/RuntimeError.h"
 #include "platform/RichTextBox.h"
+#include "platform/TextPosition.h"
 
 #include <QElapsedTimer>
 #include <QRandomGenerator>

@@ -38,9 +38,9 @@ private:
         if (box == nullptr || !box->isVisible())
             return;
         const auto *defaultButton = box->defaultButton();
-        seen_.push_back({box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
-                         defaultButton ? box->standardButton(box->defaultButton())
-                                       : QMessageBox::NoButton});
+        seen_.push_back(
+            {box->windowTitle(), box->text(), box->icon(), box->standardButtons(),
+             defaultButton ? box->standardButton(box->defaultButton()) : QMessageBox::NoButton});
         QAbstractButton *answer = box->escapeButton();
         if (!answers_.empty()) {
             answer = box->button(answers_.front());

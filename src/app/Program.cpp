@@ -1,0 +1,118 @@
+#include "app/Program.h"
+
+#include "app/Form1.h"
+#include "app/TranscriptionCommands.h"
+#include "app/WindowCommands.h"
+#include "app/WindowPlacement.h"
+#include "app/frmSplash.h"
+#include "editor/DefaultFonts.h"
+#include "editor/SettingKeys.h"
+#include "editor/StandardUnit.h"
+#include "engine/run/TranscriptionRun.h"
+#include "platform/FontList.h"
+#include "platform/RunCommand.h"
+
+#include "Version.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+/// The arrow with the hourglass, for as long as it lives.
+class BusyPointer
+{
+public:
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(BusyPointer)
+};
+
+QString orElse(const QString &text, const QString &other)
+{
+    return text.isEmpty() ? other : text;
+}
+
+} // namespace
+
+Program::Program(RegistryFunctions &registry, const QString &programFolder) : stored_(registry)
+{
+    state_.ProgramFolder = programFolder;
+}
+
+Program::~Program() = default;
+
+bool Program::Main()
+{
+    return runCommand(nullptr, [this] { start(); });
+}
+
+void Program::start()
+{
+    const BusyPointer pointer;
+    frmSplash splash;
+    splash.show();
+    QCoreApplication::processEvents();
+
+    readSettings();
+    loadForm();
+    restoreWindow(*form_, stored_);
+    state_.Settings.EditorPath =
+        orElse(stored_.text(SettingKey::Mode, QStringLiteral("EditorPath")),
+               state_.ProgramFolder + QStringLiteral("/ModeSmith.exe"));
+    stored_.write(SettingKey::Root, QStringLiteral("Version"), QStringLiteral(QUILLON_VERSION));
+    form_->show();
+}
+
+void Program::readSettings()
+{
+    Settings &settings = state_.Settings;
+    settings.GenericRomanFont = stored_.text(SettingKey::Fonts, QStringLiteral("GenericRomanFont"));
+    settings.GenericTengwarFont =
+        stored_.text(SettingKey::Fonts, QStringLiteral("GenericTengwarFont"));
+    settings.CurrentMode = stored_.text(SettingKey::Mode, QStringLiteral("CurrentMode"));
+    settings.ModePath = orElse(stored_.text(SettingKey::Mode, QStringLiteral("Path")),
+                               state_.ProgramFolder + QStringLiteral("/Modes"));
+    state_.HelpFile = state_.ProgramFolder + QStringLiteral("/Quillon.hlp");
+
+    const QString &transcription = SettingKey::Transcription;
+    settings.UndefinedAlert = stored_.flag(transcription, QStringLiteral("UndefinedAlert"));
+    settings.UndefinedText = stored_.text(transcription, QStringLiteral("UndefinedTranscribe"));
+    settings.ClearTargetPane = stored_.flag(transcription, QStringLiteral("ClearTargetPane"));
+
+    // a stored "px" lasts only for the run in which it is chosen
+    settings.StandardUnit = stored_.text(SettingKey::General, QStringLiteral("Unit")).left(2);
+    if (!twipsPerUnit(settings.StandardUnit))
+        settings.StandardUnit = QStringLiteral("mm");
+    settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
+
+    fonts_ = installedFonts(registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts")));
+    settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
+    settings.GenericTengwarFont =
+        orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));
+}
+
+void Program::loadForm()
+{
+    form_ = std::make_unique<Form1>(state_);
+    connectWindowCommands(*form_, state_);
+    connect(form_.get(), &Form1::unloaded, this, &Program::unload);
+    run_ = std::make_unique<TranscriptionRun>(
+        state_,
+        TranscriptionRun::Parts{*form_, *form_->controls().rtbRoman, *form_->controls().rtbTengwar,
+                                journal_, form_->tmrStatus(), form_->tmrAutoGenerate()},
+        [this] { showModes(*form_, state_); });
+    connectTranscriptionCommands(*form_, state_, *run_);
+    form_->Load({*run_, documents_, journal_, format_}, fonts_);
+}
+
+void Program::unload()
+{
+    const Settings &settings = state_.Settings;
+    stored_.write(SettingKey::Mode, QStringLiteral("CurrentMode"), settings.CurrentMode);
+    storeWindow(*form_, stored_);
+    stored_.write(SettingKey::Fonts, QStringLiteral("GenericRomanFont"), settings.GenericRomanFont);
+    stored_.write(SettingKey::Fonts, QStringLiteral("GenericTengwarFont"),
+                  settings.GenericTengwarFont);
+    runCommand(form_.get(), [this] { journal_.ClearUndoFiles(QStringLiteral("*")); });
+    QCoreApplication::exit();
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/StandIns.h"
+#include "editor/SharedState.h"
+#include "editor/StoredSettings.h"
+
+#include <QObject>
+#include <QStringList>
+#include <memory>
+
+class Form1;
+class TranscriptionRun;
+
+/// The program from its start to its end. It owns what all others share.
+class Program final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `programFolder` is the program's own folder, without a separator at its end.
+    Program(RegistryFunctions &registry, const QString &programFolder);
+    ~Program() override;
+
+    /// Starts: reads the settings and opens the main window. False if the start failed; the user
+    /// has been told why. The program ends, with QCoreApplication::exit, when the window is closed.
+    [[nodiscard]] bool Main();
+
+    /// The main window, once started.
+    [[nodiscard]] Form1 &form() { return *form_; }
+
+private:
+    void start();
+    void readSettings();
+    void loadForm();
+    void unload();
+
+    StoredSettings stored_;
+    SharedState state_;
+    QStringList fonts_;
+    EmptyDocuments documents_;
+    NoJournal journal_;
+    NoFormatDisplay format_;
+    std::unique_ptr<Form1> form_;
+    std::unique_ptr<TranscriptionRun> run_;
+};

@@ -1,0 +1,73 @@
+#include "app/ToolbarBuilder.h"
+
+#include "app/InkIcon.h"
+#include "app/MixedButtonStyle.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+
+namespace {
+
+/// Redraws a button when its action becomes mixed or stops being it.
+class MixedWatcher final : public QObject
+{
+public:
+    MixedWatcher(QAction &action, QWidget &button) : QObject(&button), button_(button)
+    {
+        action.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::DynamicPropertyChange)
+            button_.update();
+        return false;
+    }
+
+private:
+    QWidget &button_;
+};
+
+QAction *addControl(QToolBar &toolbar, QLatin1StringView key, const ToolbarControls &controls)
+{
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [key](const auto &entry) { return entry.first == key; });
+    Q_ASSERT(found != controls.end());
+    return toolbar.addWidget(found->second);
+}
+
+QAction *addButton(QToolBar &toolbar, const ToolbarEntry &entry, QStyle &toggleStyle)
+{
+    QAction *action =
+        toolbar.addAction(inkIcon(QStringLiteral(":/icons/%1.svg").arg(entry.key)), entry.tip);
+    action->setEnabled(false);
+    if (entry.item == ToolbarItem::Toggle) {
+        action->setCheckable(true);
+        QWidget *button = toolbar.widgetForAction(action);
+        button->setStyle(&toggleStyle);
+        new MixedWatcher(*action, *button);
+    }
+    return action;
+}
+
+} // namespace
+
+void buildToolbar(QToolBar &toolbar, std::span<const ToolbarEntry> table,
+                  const ToolbarControls &controls)
+{
+    auto *toggleStyle = new MixedButtonStyle;
+    toggleStyle->setParent(&toolbar);
+    for (const ToolbarEntry &entry : table) {
+        if (entry.item == ToolbarItem::Line) {
+            toolbar.addSeparator();
+            continue;
+        }
+        QAction *action = entry.item == ToolbarItem::Placeholder
+                              ? addControl(toolbar, entry.key, controls)
+                              : addButton(toolbar, entry, *toggleStyle);
+        action->setObjectName(toolbar.objectName() + QLatin1Char('.') + entry.key);
+    }
+}
