@@ -7,25 +7,6 @@
 
 namespace {
 
-bool endsWord(QStringView text)
-{
-    if (text.size() > 1 && text.back().isLowSurrogate())
-        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text[text.size() - 2], text.back()));
-    return !text.isEmpty() && text.back().isLetterOrNumber();
-}
-
-bool beginsWord(QStringView text)
-{
-    if (text.size() > 1 && text.front().isHighSurrogate())
-        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text.front(), text[1]));
-    return !text.isEmpty() && text.front().isLetterOrNumber();
-}
-
-bool isWholeWord(QStringView text, qsizetype position, qsizetype length)
-{
-    return !endsWord(text.first(position)) && !beginsWord(text.sliced(position + length));
-}
-
 /// Replaces what the cursor selects by a text of that format.
 void replace(QTextCursor &cursor, const QString &text, const QTextCharFormat &format)
 {
@@ -130,21 +111,11 @@ void RichTextBox::setSelText(const QString &text)
 
 int RichTextBox::find(const QString &text, int start, int end, FindFlags flags)
 {
-    const QString sought = userForm(text);
-    const QString whole = Text();
-    // A match begins before `end`, so nothing beyond this is looked at.
-    const qint64 last = qint64(end) + sought.size() - 1;
-    const QStringView range = QStringView(whole).first(std::clamp<qint64>(last, 0, whole.size()));
-    const bool isWord = flags.testFlag(FindFlag::WholeWord);
-    const auto sensitivity =
-        flags.testFlag(FindFlag::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    qsizetype position =
-        sought.isEmpty() ? -1 : range.indexOf(sought, std::max(start, 0), sensitivity);
-    while (position >= 0 && isWord && !isWholeWord(whole, position, sought.size()))
-        position = range.indexOf(sought, position + 1, sensitivity);
+    const TextSearch search(text, flags);
+    const auto position = int(search.find(Text(), start, end));
     if (position >= 0)
-        select(int(position), int(sought.size()));
-    return int(position);
+        select(position, int(search.length()));
+    return position;
 }
 
 void RichTextBox::select(int start, int length)
