@@ -8,6 +8,7 @@
 
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <memory>
 
@@ -231,8 +232,9 @@ void tst_PaneKeys::recordsEveryEditingKey()
     KeysFixture &f = *fixture_;
     f.source->setText(QStringLiteral("one two three four five six"));
     f.source->setSelStart(14);
+    const int length = f.source->TextLength();
     f.press(key, Qt::ControlModifier);
-    QVERIFY(f.source->TextLength() < 27);
+    QVERIFY(f.source->TextLength() < length);
     f.press(key, Qt::ControlModifier);
     QTest::keyClicks(f.source, QStringLiteral("a"));
     QCOMPARE(f.calls, QStringList(3, QStringLiteral("1")));
@@ -290,7 +292,8 @@ void tst_PaneKeys::runsCommands()
     f.source->setText(QStringLiteral("abc def"));
     f.source->setSelStart(1);
     f.source->setSelLength(3);
-    f.press(key, Qt::KeyboardModifiers(modifiers));
+    QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+    QCoreApplication::sendEvent(f.source, &event);
     QCOMPARE(f.calls, {call});
     QCOMPARE(f.source->Text(), QStringLiteral("abc def"));
     QCOMPARE(f.source->SelLength(), 3);
