@@ -7,8 +7,10 @@ The same sources give the same bytes.
 
 from __future__ import annotations
 
+import contextlib
 import os
 import sys
+import tempfile
 from pathlib import Path
 
 # The date that the fonts carry (2026-01-01), whenever they are made.
@@ -18,60 +20,23 @@ import fontforge  # noqa: E402  (reads the environment)
 
 sys.path.insert(0, str(Path(__file__).parent))
 
-from tengwar import kerning, metrics, tehtar  # noqa: E402
+from tengwar import kerning, metrics  # noqa: E402
+from tengwar.codes import unicode_of  # noqa: E402
 from tengwar.metrics import STYLES, Style  # noqa: E402
-from tengwar.repertoire import (  # noqa: E402
-    LETTERS_AND_DIGITS,
-    SIGNS,
-    anchor,
-    floating_marks,
-    private_codes,
-    unicode_of,
-)
+from tengwar.outline import draw  # noqa: E402
+from tengwar.places import HEIGHTS, anchor  # noqa: E402
+from tengwar.repertoire import CARRYING, SIGNS, floating_marks, private_codes  # noqa: E402
 from tengwar.sign import Band, Mark, Sign  # noqa: E402
 
 FAMILY = "Tengwar Quillon"
 COPYRIGHT = "Copyright (c) 2026 The Quillon developers"
 LICENCE = "MIT License: free to use, change and pass on, with this notice."
 SCRIPTS = (("DFLT", ("dflt",)), ("latn", ("dflt",)))
+# Fonts with a symbol table have their codes from here on; text written for them shows as well, and
+# the no-break space and the soft hyphen have characters that text engines leave alone.
+SYMBOL_AREA = 0xF000
 # Anchor classes: of the eight-bit table's marks, and of those of the private-use arrangement.
 PLACED, FLOATING = "placed ", "floating "
-
-
-def nib_contour(curves):
-    contour = fontforge.contour()
-    start = curves[-1][2]
-    contour.moveTo(start.real, start.imag)
-    for points in curves:
-        contour.cubicTo(*((p.real, p.imag) for p in points))
-    contour.closed = True
-    return contour
-
-
-def draw(glyph, sign: Sign, style: Style) -> None:
-    pen = glyph.glyphPen()
-    for stroke in sign.strokes:
-        segments = stroke.mapped(style.skeleton).segments
-        pen.moveTo((segments[0][0].real, segments[0][0].imag))
-        for _, leaving, arriving, end in segments:
-            pen.curveTo(*((p.real, p.imag) for p in (leaving, arriving, end)))
-        pen.endPath()
-    pen = None  # closes the drawing
-    size = sign.pen * (style.mark_pen if isinstance(sign, Mark) else 1.0)
-    glyph.stroke("convex", nib_contour(style.pen.nib(size)), removeoverlap="contour")
-    # On whole units no edges lie all but on each other, which is what a union may stumble over.
-    glyph.round()
-    glyph.removeOverlap()
-    ink = glyph.boundingBox()
-    glyph.simplify(0.8, ("setstarttoextremum", "removesingletonpoints"))
-    glyph.addExtrema("only_good_rm")
-    glyph.round()
-    if any(abs(before - after) > 2 for before, after in zip(ink, glyph.boundingBox())):
-        raise RuntimeError(f"The outline of {glyph.glyphname} changed while it was simplified")
-    glyph.canonicalContours()
-    glyph.canonicalStart()
-    glyph.correctDirection()
-    glyph.width = round(sign.advance * style.advance_scale)
 
 
 def glyph_name(sign: Sign) -> str:
@@ -98,14 +63,14 @@ def add_anchors(font, style: Style) -> None:
     def attach_marks(marks, prefix: str) -> None:
         for mark in marks:
             if isinstance(mark, Mark) and mark.band:
-                attach(mark, prefix + mark.band.value, "mark", (mark.middle, tehtar.BAND_HEIGHTS[mark.band]))
+                attach(mark, prefix + mark.band.value, "mark", (mark.middle, HEIGHTS[mark.band]))
 
     font.addLookup("marks", "gpos_mark2base", (), (("mark", SCRIPTS),))
     for prefix in (PLACED, FLOATING):
         for band in Band:
             font.addLookupSubtable("marks", f"marks {prefix}{band.value}")
             font.addAnchorClass(f"marks {prefix}{band.value}", prefix + band.value)
-    for letter in LETTERS_AND_DIGITS.values():
+    for letter in CARRYING:
         for band in Band:
             attach(letter, FLOATING + band.value, "base", anchor(letter, band))
             if band in letter.exceptions:
@@ -193,7 +158,7 @@ def make_font(style: Style, version: str):
     add_notdef(font)
     private = private_codes()
     for code, sign in sorted(SIGNS.items()):
-        add_sign(font, style, unicode_of(code), sign, private.get(code, ()))
+        add_sign(font, style, unicode_of(code), sign, [*private.get(code, ()), SYMBOL_AREA + code])
     for character, mark in floating_marks().items():
         add_sign(font, style, character, mark)
     add_anchors(font, style)
@@ -202,12 +167,31 @@ def make_font(style: Style, version: str):
     return font
 
 
+@contextlib.contextmanager
+def complaints_are_errors():
+    """FontForge tells of a union of strokes that failed only on the error output of the process."""
+    with tempfile.TemporaryFile() as complaints:
+        kept = os.dup(2)
+        os.dup2(complaints.fileno(), 2)
+        try:
+            yield
+        finally:
+            os.dup2(kept, 2)
+            os.close(kept)
+            complaints.seek(0)
+            text = complaints.read().decode(errors="replace")
+            sys.stderr.write(text)
+    if "Internal Error" in text:
+        raise SystemExit("An outline is broken: let its strokes cross at a wider angle")
+
+
 def main() -> None:
     folder, version = Path(sys.argv[1]), sys.argv[2]
     folder.mkdir(parents=True, exist_ok=True)
-    for style in STYLES:
-        font = make_font(style, version)
-        font.generate(str(folder / f"{font.fontname}.otf"), flags=("opentype", "no-FFTM-table"))
+    with complaints_are_errors():
+        for style in STYLES:
+            font = make_font(style, version)
+            font.generate(str(folder / f"{font.fontname}.otf"), flags=("opentype", "no-FFTM-table"))
 
 
 if __name__ == "__main__":

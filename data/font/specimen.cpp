@@ -101,9 +101,9 @@ void drawSign(QPainter &painter, double x, double y, int code)
     if (!QRawFont::fromFont(tengwar(signSize)).supportsCharacter(text.front()))
         return;
     label(painter, x + 24, y - 50, text);
-    // Layout hides the soft hyphen; its sign stands at a second character too.
+    // Layout hides the soft hyphen; its sign stands among the symbols too.
     if (code == 0xad)
-        text = QStringLiteral("\u20ac");
+        text = QStringLiteral("\uf0ad");
     const QString support = supportOf(text.front());
     sign(painter, x + 6, y, signSize, support, supportColour);
     const double advance = QFontMetricsF(tengwar(signSize)).horizontalAdvance(support);
@@ -117,9 +117,9 @@ void drawSigns(QPainter &painter)
     constexpr double cell = (pageWidth - 2.0 * margin) / columns;
     constexpr double rowHeight = 102;
     for (int code = 0x20; code <= 0xff; ++code) {
-        const int index = code - 0x20;
-        drawSign(painter, margin + cell * (index % columns), 130 + rowHeight * (index / columns),
-                 code);
+        const int row = (code - 0x20) / columns;
+        const int column = (code - 0x20) % columns;
+        drawSign(painter, margin + cell * column, 130 + rowHeight * row, code);
     }
 }
 
@@ -161,7 +161,7 @@ std::function<QString(QChar)> placed(const MarkPlaces::Bar &bar)
     };
 }
 
-Columns columnsAbove()
+Columns columnsAbove(QStringView)
 {
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
@@ -171,7 +171,7 @@ Columns columnsAbove()
     return columns;
 }
 
-Columns columnsBelow()
+Columns columnsBelow(QStringView letters)
 {
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
@@ -184,11 +184,13 @@ Columns columnsBelow()
                 return QString(QChar(hook.code));
         return QString();
     });
-    for (const char16_t inside : MarkPlaces::insideLambe)
-        columns.push_back([inside](QChar letter) {
-            return QStringView(MarkPlaces::lambeAndAlda).contains(letter) ? QString(QChar(inside))
-                                                                          : QString();
-        });
+    if (letters.contains(u'j')) // the marks inside bowls
+        for (const char16_t inside : MarkPlaces::insideLambe)
+            columns.push_back([inside](QChar letter) {
+                return QStringView(MarkPlaces::lambeAndAlda).contains(letter)
+                           ? QString(QChar(inside))
+                           : QString();
+            });
     return columns;
 }
 
@@ -198,7 +200,7 @@ const std::array verses{
     u"lE j.E7T`V jE4#6 jE,T 8~M7T5$5 -",
     u"h\u00cd~V5% ~M5~N1Tt$ yR 7~Ct#6 `CmE7Y5 =",
     u"`C jRw7R3F xjT35^`BjR 8jTr%75$ q5{$`C t~B7`BjR",
-    u"l5i6 2.7`6 ]7]6 yh7`] \u2039 ql2h yljjh6 ] y`5h",
+    u"l5i6 2.7`6 ]7]6 yh7`] \u203a ql2h yljjh6 ] y`5h",
     u"1x{$y6E 1zR|1w~Nz \u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb",
 };
 
@@ -233,8 +235,9 @@ std::vector<Page> pages()
     const QString others = QStringLiteral(
         "*IK<\u2021\u2022\u2013\u0161\u00ae\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
         "\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
-    const auto grid = [](const QString &title, const QString &rows, Columns (*columns)()) {
-        return [=](QPainter &painter) { drawGrid(painter, title, rows, columns()); };
+    const auto grid = [](const QString &title, const QString &rows,
+                         Columns (*columns)(QStringView)) {
+        return [=](QPainter &painter) { drawGrid(painter, title, rows, columns(rows)); };
     };
     return {
         drawSigns,

@@ -63,7 +63,7 @@ Form1::Form1(SharedState &state) : state_(state), controls_(), commands_(*this)
 void Form1::Load(const FormSubjects &subjects, const QStringList &fonts)
 {
     subjects_.emplace(subjects);
-    FillModeList(*controls_.cboModeName, state_.Settings);
+    refillModeList();
     FillFontList(fonts);
     fillFontSizes(*controls_.cboFontSize);
     setWindowTitle(programTitle());
@@ -143,6 +143,11 @@ void Form1::IndicateRTB(const RichTextBox &pane)
     subjects_->format.ShowSelText(pane);
 }
 
+void Form1::refillModeList()
+{
+    FillModeList(*controls_.cboModeName, state_.Settings);
+}
+
 void Form1::SetRTBFocus()
 {
     if (RichTextBox *active = pane(state_.ActivePane))
@@ -151,7 +156,9 @@ void Form1::SetRTBFocus()
 
 bool Form1::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == centralWidget() && event->type() == QEvent::Resize)
+    // a control asks for another layout when a new font or style changes its height
+    const bool isMoving = event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+    if (watched == centralWidget() && isMoving)
         MoveControls();
     return QMainWindow::eventFilter(watched, event);
 }
@@ -162,8 +169,6 @@ void Form1::changeEvent(QEvent *event)
     const bool becameVisible = event->type() == QEvent::WindowStateChange && !isMinimized();
     if (becameVisible) {
         setWindowTitle(programTitle());
-        MoveControls();
-    } else if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         MoveControls();
     }
 }
@@ -212,9 +217,9 @@ void Form1::wireKeys(const QList<QAction *> &menuItems)
     auto *preview = new KeyPreview(*this);
     connect(preview, &KeyPreview::abortPressed, this, [this] { state_.AbortRequested = true; });
     connect(preview, &KeyPreview::refreshPressed, this,
-            [this] { runCommand(this, [this] { fillModeList(); }); });
+            [this] { runCommand(this, [this] { refillModeList(); }); });
     for (QWidget *control : centralWidget()->findChildren<QWidget *>()) {
-        if (control->focusPolicy() != Qt::NoFocus)
+        if (control->focusPolicy() != Qt::NoFocus && !control->focusProxy())
             preview->watch(*control);
     }
     auto *shortcuts = new PaneShortcuts(menuItems, this);
@@ -231,9 +236,4 @@ void Form1::activatePane(PaneCode code)
         IndicateRTB(*pane(code));
         subjects_->journal.UpdateUndoButtons(code);
     });
-}
-
-void Form1::fillModeList()
-{
-    FillModeList(*controls_.cboModeName, state_.Settings);
 }

@@ -70,6 +70,9 @@ public:
     /// Shows the format and the selection of the pane.
     void IndicateRTB(const RichTextBox &pane);
 
+    /// Reads the folder of modes into the list of modes.
+    void refillModeList();
+
     /// Gives the focus to the active pane, if there is one.
     void SetRTBFocus();
 
@@ -87,7 +90,6 @@ private:
     void wireCombos();
     void wireKeys(const QList<QAction *> &menuItems);
     void activatePane(PaneCode code);
-    void fillModeList();
 
     SharedState &state_;
     FormControls controls_;

@@ -27,8 +27,8 @@ ToolbarCombo *makeCombo(QLatin1StringView name, QLatin1StringView tip, int chara
 
 void makeToolbars(QWidget &inner, FormControls &controls)
 {
-    controls.cboModeName = makeCombo("cboModeName"_L1, "Tengwar mode"_L1, 16);
-    controls.cboFontName = makeCombo("cboFontName"_L1, "Font name"_L1, 20);
+    controls.cboModeName = makeCombo("cboModeName"_L1, "Tengwar mode"_L1, 12);
+    controls.cboFontName = makeCombo("cboFontName"_L1, "Font name"_L1, 16);
     controls.cboFontSize = makeCombo("cboFontSize"_L1, "Font size"_L1, 3);
     controls.cboFontName->setEditable(true);
     controls.cboFontSize->setEditable(true);

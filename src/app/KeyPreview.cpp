@@ -15,14 +15,14 @@ void KeyPreview::watch(QObject &control)
 
 bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::KeyRelease)
+        seenAtControl_ = false;
     if (event->type() != QEvent::KeyPress)
         return false;
-    const auto &key = *static_cast<const QKeyEvent *>(event);
-    const bool cameBy = key.timestamp() == lastTime_ && key.key() == lastKey_;
-    if (watched != parent() || !cameBy)
-        preview(key);
-    lastTime_ = key.timestamp();
-    lastKey_ = key.key();
+    const bool isAtControl = watched != parent();
+    if (isAtControl || !seenAtControl_)
+        preview(*static_cast<const QKeyEvent *>(event));
+    seenAtControl_ = isAtControl;
     return false;
 }
 

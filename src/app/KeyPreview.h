@@ -15,7 +15,7 @@ public:
     /// Previews what is pressed in the window itself. Its parent is the window.
     explicit KeyPreview(QWidget &window);
 
-    /// Previews what is pressed in a control of the window that can have the focus.
+    /// Previews what is pressed in a control of the window that can have the focus itself.
     void watch(QObject &control);
 
 Q_SIGNALS:
@@ -28,8 +28,7 @@ protected:
 private:
     void preview(const QKeyEvent &key);
 
-    /// The last key seen. A key that its control leaves alone comes by again at the control's
-    /// parents and at the window.
-    quint64 lastTime_ = 0;
-    int lastKey_ = 0;
+    /// Whether the key that is down was seen at a control. If the control leaves it alone, it comes
+    /// by again at the window.
+    bool seenAtControl_ = false;
 };

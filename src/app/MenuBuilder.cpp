@@ -15,9 +15,12 @@ QMenu *addMenu(QMenuBar &menuBar, QMenu *above, const MenuEntry &entry)
 
 QAction *addItem(QMenu &menu, const MenuEntry &entry)
 {
-    auto *item = new QAction(entry.caption, &menu);
+    auto *item = new QAction(&menu);
     item->setObjectName(entry.name);
-    item->setSeparator(entry.caption == QLatin1StringView("-"));
+    if (entry.caption == QLatin1StringView("-"))
+        item->setSeparator(true);
+    else
+        item->setText(entry.caption);
     item->setShortcut(QKeySequence(QString(entry.shortcut), QKeySequence::PortableText));
     item->setCheckable(entry.mark == MenuMark::Check);
     item->setEnabled(false);
@@ -41,6 +44,7 @@ QList<QAction *> buildMenus(QMenuBar &menuBar, std::span<const MenuEntry> table)
             open.push_back(addMenu(menuBar, above, entry));
             continue;
         }
+        Q_ASSERT(above);
         QAction *item = addItem(*above, entry);
         if (!item->isSeparator())
             items.append(item);

@@ -23,7 +23,8 @@ void MixedButtonStyle::drawComplexControl(ComplexControl control, const QStyleOp
         constexpr double HalfPressed = 0.45;
         QStyleOptionToolButton pressed(*static_cast<const QStyleOptionToolButton *>(option));
         pressed.state |= State_On | State_Sunken;
-        pressed.icon = {};
+        pressed.toolButtonStyle = Qt::ToolButtonTextOnly;
+        pressed.text.clear();
         painter->save();
         painter->setOpacity(HalfPressed);
         QProxyStyle::drawComplexControl(control, &pressed, painter, widget);

@@ -1,7 +1,9 @@
 #include "app/ToolbarCombo.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
-#include <utility>
+#include <QScreen>
+#include <QStyle>
 
 ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
 {
@@ -13,15 +15,19 @@ ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
 
 void ToolbarCombo::showPopup()
 {
-    popupIsOpen_ = true;
+    const int entries = view()->sizeHintForColumn(0) +
+                        style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * view()->frameWidth();
+    view()->setMinimumWidth(qMin(entries, screen()->availableSize().width() / 2));
+    // a click elsewhere hides the list without telling the combo box
+    view()->window()->installEventFilter(this);
     QComboBox::showPopup();
 }
 
-void ToolbarCombo::hidePopup()
+bool ToolbarCombo::eventFilter(QObject *watched, QEvent *event)
 {
-    QComboBox::hidePopup();
-    if (std::exchange(popupIsOpen_, false))
+    if (event->type() == QEvent::Hide)
         Q_EMIT finished();
+    return QComboBox::eventFilter(watched, event);
 }
 
 void ToolbarCombo::keyPressEvent(QKeyEvent *event)

@@ -4,7 +4,6 @@
 #include "app/ToolbarCombo.h"
 #include "editor/SharedState.h"
 #include "engine/run/ChooseMode.h"
-#include "engine/run/FillModeList.h"
 #include "engine/run/TranscriptionRun.h"
 #include "modes/frmModes.h"
 #include "platform/RunCommand.h"
@@ -16,7 +15,7 @@ using namespace Qt::Literals::StringLiterals;
 void showModes(Form1 &form, SharedState &state)
 {
     frmModes dialog(
-        state, [&] { FillModeList(*form.controls().cboModeName, state.Settings); }, &form);
+        state, [&form] { form.refillModeList(); }, &form);
     dialog.exec();
 }
 

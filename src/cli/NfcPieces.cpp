@@ -31,7 +31,7 @@ QString NfcPieces::feed(QStringView piece)
     qsizetype cut = lastSafeCut(pending_);
     if (cut > 0 && pending_.at(cut).isLowSurrogate())
         --cut;
-    const QString composed = compose(pending_.first(cut));
+    QString composed = compose(pending_.first(cut));
     pending_.remove(0, cut);
     return composed;
 }

@@ -24,7 +24,8 @@ class QTextList;
 /// - Lengths are kept in twips (1/20 point) in properties of our own, so that they come back as
 /// they
 ///   were set. The properties that Qt lays out by are derived from them and never read back.
-/// - A bullet is a property of its paragraph. Paragraphs with bullets also belong to some QTextList,
+/// - A bullet is a property of its paragraph. Paragraphs with bullets also belong to some
+/// QTextList,
 ///   which draws the discs; to which of them means nothing.
 ///
 /// CharacterFormat and ParagraphFormat are the only places that know these properties.

@@ -1,8 +1,23 @@
 #include "rtf/RtfTables.h"
 
 #include "rtf/RtfCodePages.h"
+#include "rtf/RtfError.h"
 #include "rtf/RtfFormat.h"
 #include <algorithm>
+
+namespace {
+
+const QString defaultFamily = QStringLiteral("Times New Roman");
+
+/// A name as it can be written again.
+QString fontName(QString name)
+{
+    name.removeIf([](QChar c) { return !c.isPrint() || c == u'{' || c == u'}' || c == u'\\'; });
+    name = name.trimmed();
+    return name.isEmpty() ? defaultFamily : name;
+}
+
+} // namespace
 
 void RtfFontTable::begin(int number)
 {
@@ -31,18 +46,19 @@ void RtfFontTable::addName(QStringView text)
     entry_.name.append(end < 0 ? text : text.first(end));
     if (end < 0)
         return;
-    entry_.name = entry_.name.trimmed();
+    entry_.name = fontName(entry_.name);
     if (isTengwarFont(entry_.name) && entry_.codePage == RtfCodePage::symbol)
         entry_.codePage = RtfCodePage::latin;
     if (fonts_.isEmpty() || number_ < firstNumber_)
         firstNumber_ = number_;
-    fonts_.insert(number_, entry_);
+    if (fonts_.size() < RtfLimits::tableEntries)
+        fonts_.insert(number_, entry_);
     number_ = -1;
 }
 
 const RtfFont &RtfFontTable::font(int number, int otherwise) const
 {
-    static const RtfFont none{QStringLiteral("Times New Roman"), 0, std::nullopt};
+    static const RtfFont none{defaultFamily, 0, std::nullopt};
     auto found = fonts_.constFind(number);
     if (found == fonts_.constEnd())
         found = fonts_.constFind(otherwise);
@@ -64,7 +80,8 @@ void RtfColourTable::set(RtfTableWord component, int value)
 void RtfColourTable::addText(QStringView text)
 {
     for (auto ends = text.count(u';'); ends > 0; --ends) {
-        colours_.push_back(entry_);
+        if (colours_.size() < static_cast<size_t>(RtfLimits::tableEntries))
+            colours_.push_back(entry_);
         entry_.reset();
     }
 }
@@ -85,7 +102,7 @@ void RtfListTable::word(RtfTableWord word, int parameter)
         levels_.push_back(0);
     else if (word == RtfTableWord::NumberFormat && !levels_.empty())
         levels_.back() = parameter;
-    else if (word == RtfTableWord::ListId)
+    else if (word == RtfTableWord::ListId && lists_.size() < RtfLimits::tableEntries)
         lists_.insert(parameter, levels_);
 }
 
@@ -97,7 +114,8 @@ void RtfListTable::overrideWord(RtfTableWord word, int parameter)
 
 void RtfListTable::nameOverride(int number)
 {
-    overrides_.insert(number, overriddenList_);
+    if (overrides_.size() < RtfLimits::tableEntries)
+        overrides_.insert(number, overriddenList_);
 }
 
 std::optional<bool> RtfListTable::isBullet(int number, int level) const

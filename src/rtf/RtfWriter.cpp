@@ -332,9 +332,11 @@ QByteArray Writer::fontTable() const
         appendWord(out, "\\fnil\\fcharset", fonts_[number].charset);
         out.append(' ');
         for (const QChar character : fonts_[number].family) {
+            if (!character.isPrint() || QStringView(u"{}\\;").contains(character))
+                continue;
             if (character.unicode() >= 0x80)
                 appendUnicode(out, character.unicode());
-            else if (character.isPrint() && !QStringView(u"{}\\;").contains(character))
+            else
                 out.append(character.toLatin1());
         }
         out.append(";}");

@@ -1,8 +1,11 @@
+#include "app/KeyPreview.h"
 #include "app/ToolbarCombo.h"
+#include "engine/RuntimeError.h"
 #include "platform/MessageBox.h"
 #include "support/FormFixture.h"
+#include "support/MessageBoxes.h"
 
-#include <QLineEdit>
+#include <QTemporaryDir>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -20,12 +23,14 @@ private Q_SLOTS:
     void refreshKey_data();
     void refreshKey();
     void refreshKeyNeedsNoModifiers();
+    void refreshRereadsTheModes();
     void abortKey_data();
     void abortKey();
     void keysStillReachTheirControl();
     void messages();
     void messagesWhileMinimised();
     void progress();
+    void largerFontsGetMoreRoom();
     void tinyWindowsDoNoHarm();
     void closingAsks();
     void errorsWhileClosingKeepTheWindowOpen();
@@ -37,9 +42,8 @@ void tst_Form1::load()
     state.Settings.GenericRomanFont = u"DejaVu Serif"_s;
     FormFixture fixture; // records nothing of its own load
     Form1 form(state);
-    form.Load({fixture, fixture, fixture, fixture}, {u"DejaVu Sans"_s});
-    QCOMPARE(fixture.calls, (QStringList{u"FillModeList cboModeName"_s, u"NewDocument rtbRoman"_s,
-                                         u"NewDocument rtbTengwar"_s}));
+    form.Load({fixture.run, fixture, fixture, fixture}, {u"DejaVu Sans"_s});
+    QCOMPARE(fixture.calls, (QStringList{u"NewDocument rtbRoman"_s, u"NewDocument rtbTengwar"_s}));
     QCOMPARE(form.windowTitle(), programTitle());
     QCOMPARE(form.controls().cboModeName->font().family(), u"DejaVu Serif"_s);
     QVERIFY(form.controls().rtbRoman->font().family() != u"DejaVu Serif"_s);
@@ -82,7 +86,7 @@ void tst_Form1::captionsGiveTheirPaneTheFocus()
 
 void tst_Form1::longCaptionsDoNotWidenAnything()
 {
-    const FormFixture fixture;
+    FormFixture fixture;
     CaptionLabel *caption = fixture.form.controls().lblRomanCaption;
     const QRect before = caption->geometry();
     caption->setCaption(u"Source - "_s + QString(400, u'w') + u"<b>.rtf"_s);
@@ -116,18 +120,36 @@ void tst_Form1::refreshKey()
     QFETCH(QByteArray, control);
     FormFixture fixture;
     QWidget *receiver = control == "Form1" ? &fixture.form : fixture.find(control.constData());
+    int refreshed = 0;
+    const auto *preview = fixture.form.findChild<KeyPreview *>();
+    QObject::connect(preview, &KeyPreview::refreshPressed, preview, [&refreshed] { ++refreshed; });
     QTest::keyClick(receiver, Qt::Key_F5);
-    QCOMPARE(fixture.calls, QStringList{u"FillModeList cboModeName"_s});
+    QCOMPARE(refreshed, 1);
     QTest::keyClick(receiver, Qt::Key_F5);
-    QCOMPARE(fixture.calls.size(), 2);
+    QCOMPARE(refreshed, 2);
 }
 
 void tst_Form1::refreshKeyNeedsNoModifiers()
 {
-    FormFixture fixture;
+    const FormFixture fixture;
+    const auto *preview = fixture.form.findChild<KeyPreview *>();
+    QObject::connect(preview, &KeyPreview::refreshPressed, preview, [] { QFAIL("refreshed"); });
     for (const auto modifier : {Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier})
         QTest::keyClick(fixture.find("rtbRoman"), Qt::Key_F5, modifier);
-    QVERIFY(fixture.calls.isEmpty());
+}
+
+void tst_Form1::refreshRereadsTheModes()
+{
+    QTemporaryDir folder;
+    FormFixture fixture;
+    fixture.state.Settings.ModePath = folder.path();
+    const auto *modes = fixture.find<QComboBox>("cboModeName");
+    QCOMPARE(modes->count(), 0);
+    QFile mode(folder.filePath(u"English.mod"_s));
+    QVERIFY(mode.open(QIODevice::WriteOnly));
+    QTest::keyClick(fixture.find("rtbRoman"), Qt::Key_F5);
+    QCOMPARE(modes->count(), 1);
+    QCOMPARE(modes->itemText(0), u"English"_s);
 }
 
 void tst_Form1::abortKey_data()
@@ -201,6 +223,19 @@ void tst_Form1::progress()
     QVERIFY(!bar->isVisible());
 }
 
+void tst_Form1::largerFontsGetMoreRoom()
+{
+    FormFixture fixture;
+    CaptionLabel *caption = fixture.form.controls().lblRomanCaption;
+    const int before = caption->height();
+    QFont font = caption->font();
+    font.setPointSize(3 * font.pointSize());
+    caption->setFont(font);
+    QTRY_VERIFY(caption->height() > 2 * before);
+    QCOMPARE(fixture.find("rtbRoman")->y(), caption->geometry().bottom() + 1);
+    QCOMPARE(fixture.find("rtbTengwar")->y(), fixture.find("rtbRoman")->y());
+}
+
 void tst_Form1::tinyWindowsDoNoHarm()
 {
     FormFixture fixture;
@@ -230,7 +265,8 @@ void tst_Form1::closingAsks()
 
 void tst_Form1::errorsWhileClosingKeepTheWindowOpen()
 {
-    struct FailingDocuments final : Documents {
+    struct FailingDocuments final : Documents
+    {
         void NewDocument(RichTextBox &) override {}
         SaveAnswer AskSaveChanges(PaneCode) override
         {
@@ -239,16 +275,10 @@ void tst_Form1::errorsWhileClosingKeepTheWindowOpen()
     };
     FormFixture fixture;
     FailingDocuments documents;
-    fixture.form.Load({fixture, documents, fixture, fixture}, {});
-    bool boxSeen = false;
-    QTimer::singleShot(0, &fixture.form, [&boxSeen] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        boxSeen = box != nullptr;
-        if (box)
-            box->accept();
-    });
+    fixture.form.Load({fixture.run, documents, fixture, fixture}, {});
+    const MessageBoxes boxes;
     QVERIFY(!fixture.form.close());
-    QVERIFY(boxSeen);
+    QCOMPARE(boxes.seen().size(), 1U);
     QVERIFY(fixture.form.isVisible());
 }
 

@@ -33,7 +33,7 @@ QStringList linesOf(const QList<QAction *> &actions, int depth)
     QStringList lines;
     for (const QAction *action : actions) {
         const QString indent(2 * depth, u' ');
-        lines += indent + (action->isSeparator() ? u"-"_s : action->text());
+        lines += indent + (action->isSeparator() ? u"-"_s + action->text() : action->text());
         if (action->menu())
             lines += linesOf(action->menu()->actions(), depth + 1);
     }
@@ -195,6 +195,8 @@ void tst_Menus::everyItemHasANameOfItsOwn()
     const FormFixture fixture;
     QSet<QString> names;
     for (const QMenu *menu : fixture.form.menuBar()->findChildren<QMenu *>()) {
+        if (menu->title().isEmpty())
+            continue; // the menu bar's own, for what doesn't fit
         QVERIFY2(menu->objectName().startsWith(u"mnu"), qPrintable(menu->title()));
         for (const QAction *item : menu->actions()) {
             if (item->menu())

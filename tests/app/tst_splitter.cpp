@@ -20,7 +20,7 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 constexpr int Width = 900;
-constexpr int LeastPane = 67;          // 1000 twips, rounded to pixels
+constexpr int LeastPane = 67; // 1000 twips, rounded to pixels
 constexpr int MostLeft = Width - LeastPane;
 
 } // namespace

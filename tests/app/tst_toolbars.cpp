@@ -1,6 +1,7 @@
-#include "app/Splitter.h"
 #include "app/ToolbarCombo.h"
+#include "engine/RuntimeError.h"
 #include "support/FormFixture.h"
+#include "support/MessageBoxes.h"
 
 #include <QAbstractItemView>
 #include <QLineEdit>
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void mixedButtonsLookDifferent();
     void errorsOfCommandsAreShown();
     void choosingGivesTheFocusBack();
+    void closingTheListGivesTheFocusBack();
     void escapeAndEnterGiveTheFocusBack();
     void theWheelNeedsTheFocus();
 
@@ -209,15 +211,10 @@ void tst_Toolbars::errorsOfCommandsAreShown()
     FormFixture fixture;
     fixture.form.commands().connect({"Toolbar1.New"_L1},
                                     [] { throw RuntimeError(ErrorNumber::DiskFull); });
-    QString shown;
-    QTimer::singleShot(0, &fixture.form, [&shown] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        shown = box ? box->text() : u"no box"_s;
-        if (box)
-            box->accept();
-    });
+    const MessageBoxes boxes;
     QTest::mouseClick(button(fixture, "Toolbar1.New"), Qt::LeftButton);
-    QVERIFY2(shown.contains(u"Run-time error '61':"), qPrintable(shown));
+    QCOMPARE(boxes.seen().size(), 1U);
+    QVERIFY(boxes.seen()[0].text.contains(u"Run-time error '61':"));
     QVERIFY(fixture.form.isVisible());
 }
 
@@ -232,8 +229,20 @@ void tst_Toolbars::choosingGivesTheFocusBack()
     QTest::keyClick(fonts->view(), Qt::Key_Down);
     QTest::keyClick(fonts->view(), Qt::Key_Return);
     QTRY_VERIFY(!fonts->view()->isVisible());
-    QTRY_VERIFY(fixture.find("rtbTengwar")->hasFocus());
+    QTRY_COMPARE(fixture.form.focusWidget(), fixture.find("rtbTengwar"));
     QVERIFY(!fonts->currentText().isEmpty());
+}
+
+void tst_Toolbars::closingTheListGivesTheFocusBack()
+{
+    const FormFixture fixture;
+    auto *modes = fixture.find<QComboBox>("cboModeName");
+    modes->addItem(u"English"_s);
+    modes->setFocus();
+    modes->showPopup();
+    QTRY_VERIFY(modes->view()->isVisible());
+    modes->view()->window()->close();
+    QTRY_COMPARE(fixture.form.focusWidget(), fixture.find("rtbRoman"));
 }
 
 void tst_Toolbars::escapeAndEnterGiveTheFocusBack()

@@ -1,3 +1,4 @@
+#include "cli/ProgramRun.h"
 #include "support/ModeBytes.h"
 
 #include <QDir>
@@ -28,23 +29,6 @@ private Q_SLOTS:
     void outputThatCannotBeWritten();
 
 private:
-    struct Result
-    {
-        int status;
-        QByteArray output;
-        QByteArray error;
-    };
-    [[nodiscard]] static Result run(const QStringList &arguments, const QByteArray &input = {})
-    {
-        QProcess process;
-        process.start(QStringLiteral(QUILLON_PROGRAM_FOLDER "/quillon-cli"), arguments);
-        process.write(input);
-        process.closeWriteChannel();
-        if (!process.waitForFinished())
-            return {-1, {}, "the program does not end"};
-        return {process.exitCode(), process.readAllStandardOutput(),
-                process.readAllStandardError()};
-    }
     [[nodiscard]] QStringList transcribe(const QStringList &more = {}) const
     {
         return QStringList(
@@ -71,11 +55,11 @@ void tst_TranscribeCommand::init()
 
 void tst_TranscribeCommand::standardInput()
 {
-    const Result result = run(transcribe(), "AB");
+    const ProgramRun result = runProgram(transcribe(), "AB");
     QCOMPARE(result.output, "1€");
     QCOMPARE(result.error, "");
     QCOMPARE(result.status, 0);
-    QCOMPARE(run(transcribe({u"-"_qs}), "a").output, "1");
+    QCOMPARE(runProgram(transcribe({u"-"_qs}), "a").output, "1");
 }
 
 void tst_TranscribeCommand::filesInTheirOrder()
@@ -83,39 +67,39 @@ void tst_TranscribeCommand::filesInTheirOrder()
     const QString first = write(u"1.txt"_qs, "a\n");
     const QString second = write(u"2.txt"_qs, "\xEF\xBB\xBF"
                                               "b");
-    QCOMPARE(run(transcribe({second, first, second})).output, "€1\n€");
+    QCOMPARE(runProgram(transcribe({second, first, second})).output, "€1\n€");
 }
 
 void tst_TranscribeCommand::modeByFileName()
 {
     const QString file = folder_->filePath(u"Test.mod"_qs);
-    QCOMPARE(run({u"transcribe"_qs, u"--mode"_qs, file}, "a").output, "1");
+    QCOMPARE(runProgram({u"transcribe"_qs, u"--mode"_qs, file}, "a").output, "1");
 }
 
 void tst_TranscribeCommand::undefinedText()
 {
-    const Result silent = run(transcribe(), "axx😀a");
+    const ProgramRun silent = runProgram(transcribe(), "axx😀a");
     QCOMPARE(silent.output, "11");
     QCOMPARE(silent.status, 0);
     QCOMPARE(silent.error.count('\n'), 1);
-    QCOMPARE(run(transcribe({u"--undefined"_qs, u"<?>"_qs}), "ax😀a").output, "1<?><?>1");
+    QCOMPARE(runProgram(transcribe({u"--undefined"_qs, u"<?>"_qs}), "ax😀a").output, "1<?><?>1");
 }
 
 void tst_TranscribeCommand::combiningMarksAreComposed()
 {
-    QCOMPARE(run(transcribe(), "e\xCC\x81").output, "E");
+    QCOMPARE(runProgram(transcribe(), "e\xCC\x81").output, "E");
 }
 
 void tst_TranscribeCommand::lineBreaksComeOutAsTheyCameIn()
 {
-    QCOMPARE(run(transcribe(), "a\na\r\na\ra\n").output, "1\n1\r\n1\r1\n");
+    QCOMPARE(runProgram(transcribe(), "a\na\r\na\ra\n").output, "1\n1\r\n1\r1\n");
 }
 
 void tst_TranscribeCommand::longTextsEqualOneWalk()
 {
     // Pieces are 65,536 bytes long; the wide rule lies over each cut in one of the texts.
     for (const int lead : {65533, 65534, 65535, 65536}) {
-        const QByteArray result = run(transcribe(), QByteArray(lead, 'b') + "aab\n").output;
+        const QByteArray result = runProgram(transcribe(), QByteArray(lead, 'b') + "aab\n").output;
         QCOMPARE(result, QByteArray("€").repeated(lead) + "W\n");
     }
 }
@@ -150,8 +134,8 @@ void tst_TranscribeCommand::failures()
     write(u"Large.mod"_qs, large.bytes());
     const QString good = write(u"good.txt"_qs, "a");
     arguments.replaceInStrings(u"good.txt"_qs, good);
-    const Result result =
-        run(QStringList({u"transcribe"_qs, u"--modes"_qs, folder_->path()}) + arguments, "a");
+    const ProgramRun result = runProgram(
+        QStringList({u"transcribe"_qs, u"--modes"_qs, folder_->path()}) + arguments, "a");
     QCOMPARE(result.status, 1);
     QCOMPARE(result.output, "");
     QVERIFY2(result.error.contains(error), result.error.constData());
@@ -159,11 +143,11 @@ void tst_TranscribeCommand::failures()
 
 void tst_TranscribeCommand::notUtf8()
 {
-    const Result result = run(transcribe(), "aaa\xE9"
-                                            "a");
+    const ProgramRun result = runProgram(transcribe(), "aaa\xE9"
+                                                       "a");
     QCOMPARE(result.status, 1);
     QVERIFY2(result.error.contains("byte 3"), result.error.constData());
-    const Result cutShort = run(transcribe(), "aa\xE2\x82");
+    const ProgramRun cutShort = runProgram(transcribe(), "aa\xE2\x82");
     QCOMPARE(cutShort.status, 1);
     QVERIFY2(cutShort.error.contains("byte 2"), cutShort.error.constData());
 }
@@ -181,7 +165,7 @@ void tst_TranscribeCommand::wrongUsage_data()
 void tst_TranscribeCommand::wrongUsage()
 {
     QFETCH(QStringList, arguments);
-    const Result result = run(arguments, "a");
+    const ProgramRun result = runProgram(arguments, "a");
     QCOMPARE(result.status, 2);
     QCOMPARE(result.output, "");
     QVERIFY(!result.error.isEmpty());
@@ -189,11 +173,11 @@ void tst_TranscribeCommand::wrongUsage()
 
 void tst_TranscribeCommand::helpAndVersion()
 {
-    QVERIFY(run({u"--help"_qs}).output.contains("transcribe"));
-    const Result help = run({u"transcribe"_qs, u"--help"_qs});
+    QVERIFY(runProgram({u"--help"_qs}).output.contains("transcribe"));
+    const ProgramRun help = runProgram({u"transcribe"_qs, u"--help"_qs});
     QCOMPARE(help.status, 0);
     QVERIFY(help.output.startsWith("Usage: quillon-cli transcribe"));
-    QVERIFY(run({u"--version"_qs}).output.startsWith("quillon-cli "));
+    QVERIFY(runProgram({u"--version"_qs}).output.startsWith("quillon-cli "));
 }
 
 void tst_TranscribeCommand::outputThatCannotBeWritten()

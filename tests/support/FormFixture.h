@@ -4,26 +4,30 @@
 #include "app/Form1.h"
 #include "app/WindowCommands.h"
 #include "editor/FormatDisplay.h"
-#include "editor/ModeList.h"
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
+#include "engine/run/TranscriptionRun.h"
 #include "platform/RichTextBox.h"
 
 #include <QComboBox>
 #include <QTest>
 
 /// The main window with subjects that write down what they are asked.
-struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay
+struct FormFixture final : Documents, UndoJournal, FormatDisplay
 {
     SharedState state;
     QStringList calls;
     SaveAnswer saveAnswer = SaveAnswer::Proceed;
     Form1 form{state};
+    TranscriptionRun run{state,
+                         {form, *form.controls().rtbRoman, *form.controls().rtbTengwar, *this,
+                          form.tmrStatus(), form.tmrAutoGenerate()},
+                         {}};
 
     explicit FormFixture(const QSize &size = {900, 600})
     {
         connectWindowCommands(form, state);
-        form.Load({*this, *this, *this, *this},
+        form.Load({run, *this, *this, *this},
                   {QStringLiteral("DejaVu Sans"), QStringLiteral("DejaVu Serif")});
         form.resize(size);
         form.restoreSplit(form.innerWidth() / 2);
@@ -41,10 +45,6 @@ struct FormFixture final : ModeList, Documents, UndoJournal, FormatDisplay
     }
     [[nodiscard]] QAction *action(const char *name) const { return find<QAction>(name); }
 
-    void FillModeList(QComboBox &list) override
-    {
-        calls += QStringLiteral("FillModeList ") + list.objectName();
-    }
     void NewDocument(RichTextBox &pane) override
     {
         calls += QStringLiteral("NewDocument ") + pane.objectName();

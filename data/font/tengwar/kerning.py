@@ -4,6 +4,8 @@ from __future__ import annotations
 
 from collections.abc import Iterator
 
+from .codes import code_of
+
 # Letters by what their sides look like.
 RIGHT_BOWS = "123456!@"
 LEFT_BOWS = "asdfghAS.]8k*"
@@ -32,4 +34,4 @@ def pairs() -> Iterator[tuple[int, int, float]]:
     for lefts, rights, distance in RULES:
         for left in lefts:
             for right in rights:
-                yield left.encode("cp1252")[0], right.encode("cp1252")[0], distance
+                yield code_of(left), code_of(right), distance

@@ -2,19 +2,32 @@
 
 from __future__ import annotations
 
-from .geometry import curve, line
+from .codes import by_code
+from .geometry import curve
 from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
-from .parts import BOW, INNER_BOW, bows, flick, mirrored, moved, open_bow, closed_bow, stem, stem_lean, turned
-from .sign import Band, Letter, Place, Strokes
+from .parts import bows, flick, moved, stem, stem_lean, turned
+from .sign import (
+    ABOVE,
+    BAR_ABOVE,
+    BAR_BELOW,
+    BAR_FAR,
+    BAR_HIGH,
+    BELOW,
+    INSIDE,
+    MEDIUM,
+    NARROW,
+    STEM,
+    WIDE,
+    Exceptions,
+    Letter,
+    Place,
+    Strokes,
+)
 
 SINGLE = 630
 DOUBLE = 930
 # From the middle of a stem to the edge of its letter.
 BEARING = 118
-
-WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
-ABOVE, BELOW, INSIDE = Band.ABOVE, Band.BELOW, Band.INSIDE
-BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR = Band.BAR_ABOVE, Band.BAR_BELOW, Band.BAR_HIGH, Band.BAR_FAR
 
 # Keys of the four series (tinco, parma, calma, quesse), top and foot of the stem, count of bows.
 ROWS = (
@@ -48,7 +61,7 @@ def primary(series: int, top: float, foot: float, count: int) -> tuple[Strokes, 
         return moved(body + flick(stem_lean(top), top), BEARING), advance
     body = stem(top, foot) + turned(bows(count, closed), 0, MIDDLE)
     if not closed or top == RAISED:
-        body += flick(stem_lean(top), top, 48)
+        body += flick(stem_lean(top), top, 46)
     return moved(body, advance - BEARING), advance
 
 
@@ -62,11 +75,11 @@ def places(series: int, top: float, foot: float, count: int) -> tuple[Place, Pla
     return above, below
 
 
-def beside_stem(series: int, top: float, foot: float, count: int) -> dict[Band, tuple[float, ...]]:
+def beside_stem(series: int, top: float, foot: float, count: int) -> Exceptions:
     """What passes beside a long stem keeps a little more room from it."""
     aside = 14 if series < 2 else -14
     axis = (SINGLE if count == 1 else DOUBLE) / 2 + aside
-    exceptions: dict[Band, tuple[float, ...]] = {}
+    exceptions: Exceptions = {}
     if top == RAISED:
         exceptions[BAR_ABOVE] = (axis,)
         if count == 1:
@@ -89,15 +102,23 @@ def primaries() -> dict[int, Letter]:
 def romen(foot: float = HANGING) -> Strokes:
     return flick(112, TOP, 58) + (
         curve((112, TOP, -88), (160, 190, -72), (268, 84, -30)),
-        curve((300, 318, 112), (386, TOP, 0), (460, 306, -97), (322, 66, -130), (166, foot + 180, -112), (148, foot + 50, -86), (212, foot + 6, 16)),
+        curve(
+            (300, 318, 112),
+            (386, TOP, 0),
+            (460, 306, -97),
+            (322, 66, -130),
+            (166, foot + 180, -112),
+            (148, foot + 50, -86),
+            (212, foot + 6, 16),
+        ),
     )
 
 
-def silme(neck: float = RAISED) -> Strokes:
+def silme() -> Strokes:
     return (
         curve(
-            (520, neck - 62, 100),
-            (472, neck - 6, -170),
+            (520, RAISED - 62, 100),
+            (472, RAISED - 6, -170),
             (272, 600, -122),
             (98, 216, -91),
             (300, BASE, 0),
@@ -108,9 +129,9 @@ def silme(neck: float = RAISED) -> Strokes:
     )
 
 
-def esse(neck: float = RAISED) -> Strokes:
+def esse() -> Strokes:
     return (
-        curve((516, neck - 62, 100), (468, neck - 6, -170), (270, 610, -124), (122, 322, -88), (300, 206, -4)),
+        curve((516, RAISED - 62, 100), (468, RAISED - 6, -170), (270, 610, -124), (122, 322, -88), (300, 206, -4)),
         curve((300, 206, 184), (88, 18, -90), (290, -165, 0), (490, -20, 90), (362, 112, 180), (278, 50, -105)),
     )
 
@@ -168,13 +189,23 @@ def alda() -> Strokes:
     )
 
 
-def hwesta_sindarinwa(foot_from: float, foot_to: float) -> Strokes:
-    bowl = curve((430, 318, 124), (262, TOP, 180), (78, MIDDLE - 8, -90), (240, BASE, 0), (430, 160, 55))
-    foot = curve((foot_from, BASE, 0), ((foot_from + foot_to) / 2, BASE - 2, 0), (foot_to, BASE + 14, 24))
-    return flick(430 + stem_lean(RAISED), RAISED, 48) + moved(stem(RAISED, BASE), 430) + (bowl, foot)
+def d_shape(lift: float = 0) -> Strokes:
+    """A raised stem with a round bow at its left, whose bottom is lifted from the baseline."""
+    bowl = curve(
+        (430, 318, 124),
+        (262, TOP, 180),
+        (78, MIDDLE - 8 + lift / 2, -90),
+        (240, BASE + lift, 0),
+        (430, 160 + lift / 2, 55),
+    )
+    return moved(flick(stem_lean(RAISED), RAISED, 48) + stem(RAISED, BASE), 430) + (bowl,)
 
 
-def carrier(name: str, top: float, foot: float, exceptions: dict[Band, tuple[float, ...]]) -> Letter:
+def hwesta_sindarinwa() -> Strokes:
+    return d_shape() + (curve((430, BASE, 0), (535, BASE - 2, 0), (640, BASE + 14, 24)),)
+
+
+def carrier(name: str, top: float, foot: float, exceptions: Exceptions) -> Letter:
     """A bare stem. Bars, which have no narrow form, stand over and under its middle."""
     bars = {band: (150.0,) for band in (BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR)}
     strokes = moved(flick(stem_lean(top), top) + stem(top, foot), 150)
@@ -186,6 +217,10 @@ def others() -> dict[int, Letter]:
     beside_tail = {BAR_BELOW: (400,)}
     in_bowl = {BELOW: (350, 140), BAR_BELOW: (350, 90)}
     in_lower_bowl = {BELOW: (338, 16), BAR_BELOW: (336, -36), INSIDE: (338, -38)}
+    beside_long_tail = {BELOW: (490,), BAR_BELOW: (140,)}
+    beside_bowl = {BELOW: (500,), BAR_BELOW: (190,)}
+    beside_stem_at_right = {ABOVE: (198,), BAR_ABOVE: (220,)}
+    under_bowl = {BELOW: (290, -300), BAR_BELOW: (290, -280)}
     under_neck = {ABOVE: (116,), BAR_ABOVE: (474,)}
     table = {
         "7": Letter("romen", romen(), 570, MEDIUM, NARROW, beside_tail),
@@ -193,20 +228,20 @@ def others() -> dict[int, Letter]:
         "j": Letter("lambe", lambe(), 730, MEDIUM, MEDIUM, in_bowl),
         "m": Letter("alda", alda(), 730, MEDIUM, MEDIUM, in_lower_bowl),
         "8": Letter("silme", silme(), 610, WIDE, MEDIUM, under_neck),
-        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 610, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
-        "k": Letter("esse", esse(), 610, WIDE, MEDIUM, under_neck | {BELOW: (290, -300), BAR_BELOW: (290, -280)}),
-        ",": Letter("essenuquerna", esse_nuquerna(), 610, MEDIUM, MEDIUM, {BELOW: (500,), BAR_BELOW: (190,)}),
+        "i": Letter("silmenuquerna", turned(silme(), 300, MIDDLE), 610, MEDIUM, NARROW, beside_long_tail),
+        "k": Letter("esse", esse(), 610, WIDE, MEDIUM, under_neck | under_bowl),
+        ",": Letter("essenuquerna", esse_nuquerna(), 610, MEDIUM, MEDIUM, beside_bowl),
         "9": Letter("hyarmen", lambda_shape(RAISED, -80, 506, 108), 610, NARROW, MEDIUM, {BAR_ABOVE: (440,)}),
-        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(430, 640), 690, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
+        "o": Letter("hwestasindarinwa", hwesta_sindarinwa(), 690, WIDE, MEDIUM, beside_stem_at_right),
         "l": Letter("yanta", lambda_shape(TOP, -62, 462, 104), 560),
         ".": Letter("ure", round_o(280, 384), 570),
         "]": Letter("osse", osse(), 550),
         "`": carrier("telco", TOP, BASE, {}),
-        "~": carrier("ara", TOP, HANGING, {BELOW: (320,), BAR_BELOW: (350,)}),
+        "~": carrier("ara", TOP, HANGING, {BELOW: (330,), BAR_BELOW: (350,)}),
         # Over a stem that reaches the height of the marks itself, they stand beside it.
         "½": carrier("halla", RAISED, BASE, {ABOVE: (350,), BAR_ABOVE: (350,)}),
     }
-    return {key.encode("cp1252")[0]: letter for key, letter in table.items()}
+    return by_code(table)
 
 
 LETTERS = primaries() | others()

@@ -82,7 +82,7 @@ class Style:
         return self.skeleton.xx
 
 
-def _fitted(pen: Pen, stretch: float, slant: float) -> Affine:
+def fitted(pen: Pen, stretch: float, slant: float) -> Affine:
     """The map of the skeletons for another pen: the x-height of the ink stays, the width grows.
 
     The slant (degrees) leans everything about the baseline, marks and letters alike.
@@ -98,7 +98,7 @@ BOLD_MARK_PEN = 0.82
 
 STYLES = (
     Style("Regular", REGULAR_PEN, Affine()),
-    Style("Bold", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, 0), 0, 700, BOLD_MARK_PEN),
-    Style("Italic", REGULAR_PEN, _fitted(REGULAR_PEN, 1, ITALIC_SLANT), -ITALIC_SLANT),
-    Style("Bold Italic", BOLD_PEN, _fitted(BOLD_PEN, BOLD_STRETCH, ITALIC_SLANT), -ITALIC_SLANT, 700, BOLD_MARK_PEN),
+    Style("Bold", BOLD_PEN, fitted(BOLD_PEN, BOLD_STRETCH, 0), 0, 700, BOLD_MARK_PEN),
+    Style("Italic", REGULAR_PEN, fitted(REGULAR_PEN, 1, ITALIC_SLANT), -ITALIC_SLANT),
+    Style("Bold Italic", BOLD_PEN, fitted(BOLD_PEN, BOLD_STRETCH, ITALIC_SLANT), -ITALIC_SLANT, 700, BOLD_MARK_PEN),
 )

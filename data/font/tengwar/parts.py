@@ -39,8 +39,8 @@ def open_bow(width: float) -> Strokes:
             (0, 262, 57),
             (0.55 * width, TOP, 0),
             (width, 0.53 * TOP, -91),
-            (0.56 * width, BASE, 180),
-            (0.39 * width, BASE + 36, 138),
+            (0.575 * width, BASE, 180),
+            (0.44 * width, BASE + 34, 140),
         ),
     )
 

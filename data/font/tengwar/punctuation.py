@@ -2,13 +2,19 @@
 
 from __future__ import annotations
 
+from .bars import tilde
+from .codes import by_code
 from .geometry import curve, line
 from .metrics import BASE, MIDDLE, RAISED, TOP
-from .parts import moved, turned
+from .parts import turned
 from .sign import Sign, Strokes
-from .tehtar import dot, dots, tilde
+from .tehtar import dot
 
 SPACE = 280
+
+
+def dots(*places: tuple[float, float]) -> Strokes:
+    return tuple(dot(x, y) for x, y in places)
 
 
 def tick(x: float, y: float) -> Strokes:
@@ -42,7 +48,9 @@ def bookmark() -> Strokes:
 
 def pilcrow() -> Strokes:
     bowl = curve((330, TOP + 200, 180), (90, 460, -90), (300, 320, 0))
-    return (bowl, line((330, TOP + 200), (330, -160)), line((330, TOP + 200), (500, TOP + 200)), line((450, TOP + 200), (450, -160)))
+    top, foot = TOP + 200, -160
+    head = line((330, top), (500, top))
+    return (bowl, head, line((330, top), (330, foot)), line((450, top), (450, foot)))
 
 
 def currency() -> Strokes:
@@ -79,4 +87,4 @@ def table() -> dict[str, Sign]:
     }
 
 
-PUNCTUATION = {key.encode("cp1252")[0]: sign for key, sign in table().items()}
+PUNCTUATION = by_code(table())

@@ -2,18 +2,27 @@
 
 from __future__ import annotations
 
-from .geometry import curve, line
-from .letters import BEARING, DOUBLE, SINGLE, hwesta_sindarinwa, osse, primary, romen
+from .codes import by_code
+from .geometry import Stroke, curve
+from .letters import BEARING, DOUBLE, SINGLE, d_shape, osse, primary, romen
 from .metrics import BASE, HANGING, MIDDLE, RAISED, TOP
-from .parts import BOW, INNER_BOW, bows, closed_bow, flick, foot_stroke, mirrored, moved, open_bow, stem, stem_lean, turned
-from .sign import Band, Letter, Place, Sign, Strokes
-
-WIDE, MEDIUM, STEM, NARROW = Place.WIDE, Place.MEDIUM, Place.STEM, Place.NARROW
-ABOVE, BELOW, BAR_ABOVE, BAR_BELOW = Band.ABOVE, Band.BELOW, Band.BAR_ABOVE, Band.BAR_BELOW
+from .parts import BOW, INNER_BOW, bows, flick, mirrored, moved, open_bow, stem, stem_lean, turned
+from .sign import ABOVE, BAR_ABOVE, BAR_BELOW, BELOW, MEDIUM, NARROW, STEM, WIDE, Letter, Sign, Strokes
 
 
 def big_six() -> Strokes:
-    return (curve((486, RAISED - 20, 172), (210, 520, -118), (92, 215, -90), (290, BASE, 0), (494, 210, 90), (310, 372, 180), (112, 250, -128)),)
+    """Silme as one closed bowl under a plain neck."""
+    return (
+        curve(
+            (486, RAISED - 20, 172),
+            (210, 520, -118),
+            (92, 215, -90),
+            (290, BASE, 0),
+            (494, 210, 90),
+            (310, 372, 180),
+            (112, 250, -128),
+        ),
+    )
 
 
 def epsilon() -> Strokes:
@@ -23,7 +32,8 @@ def epsilon() -> Strokes:
     )
 
 
-def tall_turned_lambe(top: float) -> Strokes:
+def turned_lambe(top: float) -> Strokes:
+    """A sign like a 2."""
     height = top - BASE
     return (
         curve((92, top - 0.2 * height, 75), (262, top, 0), (440, top - 0.27 * height, -92), (74, BASE + 6, -138)),
@@ -32,55 +42,89 @@ def tall_turned_lambe(top: float) -> Strokes:
 
 
 def round_quesse() -> Strokes:
+    """Quesse closed by its bow instead of a head stroke."""
     x = SINGLE - BEARING
     bowl = curve((x, 318, 124), (x - 176, TOP, 180), (x - 376, MIDDLE - 8, -90), (x - 196, BASE, 0), (x, 160, 55))
     return moved(stem(TOP, HANGING), x) + (bowl,)
 
 
-def phi(closed: bool) -> Strokes:
-    stem_strokes = stem(RAISED, HANGING) + flick(stem_lean(RAISED), RAISED)
-    return moved(stem_strokes + open_bow(BOW) + turned(bows(1, closed), 0, MIDDLE), 490)
+def headed_stem(foot: float) -> Strokes:
+    return flick(stem_lean(RAISED), RAISED) + stem(RAISED, foot)
+
+
+def hwesta_turned_foot() -> Strokes:
+    """Hwesta sindarinwa with its foot to the left, under the bow."""
+    return d_shape(lift=74) + (curve((430, BASE, 180), (220, BASE + 2, 180), (36, BASE - 12, -156)),)
+
+
+def with_tinco(closed: bool) -> Strokes:
+    """Aha or hwesta whose stem carries the bow of tinco as well."""
+    return moved(headed_stem(HANGING) + open_bow(BOW) + turned(bows(1, closed), 0, MIDDLE), 490)
 
 
 def silme_over_aha() -> Strokes:
+    """The neck of silme swept over aha, to the stem."""
     x = DOUBLE - BEARING
-    sweep = curve((x - 690, 250, 92), (x - 520, 490, 48), (x - 300, 552, 0), (x, 540, -8))
-    outer = turned(moved(closed_bow(BOW), INNER_BOW), 0, MIDDLE)
-    bowl = curve((x - 520, TOP - 66, 120), (x - 590, TOP - 40, 180), (x - 700, 210, -90), (x - 500, BASE, 0), (x - 330, 200, 60))
-    inner = turned(open_bow(INNER_BOW), 0, MIDDLE)
-    return moved(stem(RAISED, BASE) + flick(stem_lean(RAISED), RAISED) + inner, x) + (sweep, bowl)
+    sweep = curve((-690, 250, 92), (-520, 490, 48), (-300, 552, 0), (0, 540, -8))
+    bowl = curve((-520, TOP - 66, 120), (-590, TOP - 40, 180), (-700, 210, -90), (-500, BASE, 0), (-330, 200, 60))
+    return moved(headed_stem(BASE) + turned(open_bow(INNER_BOW), 0, MIDDLE) + (sweep, bowl), x)
 
 
-def table() -> dict[str, Sign]:
-    malta, double = primary(1, TOP, BASE, 2)
-    malta_hook = curve((780, 150, -88), (830, -60, -75), (752, -170, 180), (692, -130, 115))
-    et = (
+def and_sign() -> Strokes:
+    return (
         curve((70, TOP - 40, 55), (140, TOP - 4, 5), (330, TOP - 8, 0), (420, TOP, 10)),
         curve((412, TOP, -108), (330, 140, -106), (250, -150, -118), (110, -260, 180), (60, -220, 110)),
     )
-    harp_foot = curve((150, 40, -100), (140, -120, -94), (192, -240, 0), (272, -196, 60))
-    cedilla = curve((300, BASE, -80), (330, -100, -85), (262, -176, 180), (206, -146, 120))
-    long_bar = curve((128, TOP - 4, 0), (300, TOP - 6, 0), (470, TOP + 8, 14))
-    turned_romen = turned(romen(-345), 280, MIDDLE)
+
+
+def harp() -> Strokes:
+    foot = curve((0, 40, -100), (-10, -120, -94), (42, -240, 0), (122, -196, 60))
+    return moved(headed_stem(BASE) + open_bow(300) + (foot,), 150)
+
+
+def joining_carrier() -> Strokes:
+    bar = curve((128, TOP - 4, 0), (300, TOP - 6, 0), (470, TOP + 8, 14))
+    return moved(flick(0, TOP) + stem(TOP, BASE), 150) + (bar,)
+
+
+def hook_under(x: float, *knots: tuple[float, ...]) -> tuple[Stroke]:
+    return (curve(*((x + knot[0], *knot[1:]) for knot in knots)),)
+
+
+MALTA_HOOK = hook_under(780, (0, 150, -88), (50, -60, -75), (-28, -170, 180), (-88, -130, 115))
+OSSE_HOOK = hook_under(300, (0, BASE, -80), (30, -100, -85), (-38, -176, 180), (-94, -146, 120))
+
+
+def table() -> dict[str, Sign]:
+    neck = {ABOVE: (104,), BAR_ABOVE: (486,)}
+    tail = {BELOW: (490,), BAR_BELOW: (140,)}
+    raised_right = {ABOVE: (198,), BAR_ABOVE: (220,)}
+    middle_stem = {BAR_ABOVE: (700,), BAR_BELOW: (700,)}
+    beside_harp = {ABOVE: (370,), BAR_ABOVE: (370,), BELOW: (430,), BAR_BELOW: (488,)}
+    tall = {ABOVE: (256, 806), BAR_ABOVE: (270, 894)}
+    turned_neck = {ABOVE: (146,), BAR_ABOVE: (150,)}
+    mirrored_neck = {ABOVE: (536,), BAR_ABOVE: (104,)}
+    malta = primary(1, TOP, BASE, 2)[0]
+    epsilon_exceptions = {BAR_ABOVE: (300, 585), BAR_BELOW: (300, -222)}
     return {
-        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, {ABOVE: (104,), BAR_ABOVE: (486,)}),
-        "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW, {BELOW: (490,), BAR_BELOW: (140,)}),
-        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, {BAR_ABOVE: (300, 585), BAR_BELOW: (300, -222)}),
-        "<": Letter("hwestasindarinwa.alt", hwesta_sindarinwa(40, 430), 600, WIDE, MEDIUM, {ABOVE: (198,), BAR_ABOVE: (220,)}),
-        "‡": Letter("osse.hook", osse() + (cedilla,), 540, MEDIUM, MEDIUM, {BELOW: (270, -306), BAR_BELOW: (270, -292)}),
-        "•": Letter("harp", moved(flick(12, RAISED) + stem(RAISED, BASE), 150) + moved(open_bow(300), 150) + (harp_foot,), 560, STEM, STEM, {ABOVE: (370,), BAR_ABOVE: (370,), BELOW: (430,), BAR_BELOW: (488,)}),
+        "*": Letter("silme.alt", big_six(), 600, WIDE, MEDIUM, neck),
+        "I": Letter("silmenuquerna.alt", turned(big_six(), 300, MIDDLE), 600, MEDIUM, NARROW, tail),
+        "K": Letter("esse.alt", epsilon(), 600, WIDE, MEDIUM, epsilon_exceptions),
+        "<": Letter("hwestasindarinwa.alt", hwesta_turned_foot(), 600, WIDE, MEDIUM, raised_right),
+        "‡": Letter("osse.hook", osse() + OSSE_HOOK, 540, exceptions={BELOW: (270, -306), BAR_BELOW: (270, -292)}),
+        "•": Letter("harp", harp(), 560, STEM, STEM, beside_harp),
         "–": Letter("silmeaha", silme_over_aha(), DOUBLE, WIDE, WIDE, {BAR_ABOVE: (465, 894)}),
-        "—": Sign("and", et, 520),
-        "š": Letter("malta.hook", malta + (malta_hook,), DOUBLE, WIDE, WIDE, {BAR_BELOW: (380,)}),
-        "¦": Letter("hwestatinco", phi(True), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
-        "§": Letter("ahatinco", phi(False), 980, STEM, STEM, {BAR_ABOVE: (700,), BAR_BELOW: (700,)}),
-        "³": Letter("turnedlambe.tall", tall_turned_lambe(TOP + 206), 540, exceptions={ABOVE: (256, 806), BAR_ABOVE: (270, 894)}),
-        "¾": Letter("turnedlambe", tall_turned_lambe(TOP), 540),
-        "¿": Letter("turnedromen", turned_romen, 560, exceptions={ABOVE: (146,), BAR_ABOVE: (150,)}),
-        "¼": Letter("telco.joining", moved(flick(0, TOP) + stem(TOP, BASE), 150) + (long_bar,), 470, MEDIUM, MEDIUM, {BAR_BELOW: (290,), BELOW: (150,)}),
-        "®": Letter("twelve", mirrored(big_six(), 300), 600, MEDIUM, MEDIUM, {ABOVE: (536,), BAR_ABOVE: (104,)}),
+        "—": Sign("and", and_sign(), 520),
+        "š": Letter("malta.hook", malta + MALTA_HOOK, DOUBLE, WIDE, WIDE, {BAR_BELOW: (380,)}),
+        "¦": Letter("hwestatinco", with_tinco(closed=True), 980, STEM, STEM, middle_stem),
+        "§": Letter("ahatinco", with_tinco(closed=False), 980, STEM, STEM, middle_stem),
+        "³": Letter("turnedlambe.tall", turned_lambe(TOP + 206), 540, exceptions=tall),
+        "¾": Letter("turnedlambe", turned_lambe(TOP), 540),
+        "¿": Letter("turnedromen", turned(romen(-345), 280, MIDDLE), 560, exceptions=turned_neck),
+        "¼": Letter("telco.joining", joining_carrier(), 470, exceptions={BELOW: (150,), BAR_BELOW: (290,)}),
+        "®": Letter("twelve", mirrored(big_six(), 300), 600, exceptions=mirrored_neck),
         "Ä": Letter("quesse.alt", round_quesse(), SINGLE, MEDIUM, WIDE, {BAR_BELOW: (301,)}),
     }
 
 
-RARE = {key.encode("cp1252")[0]: letter for key, letter in table().items()}
+RARE = by_code(table())

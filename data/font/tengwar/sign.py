@@ -19,6 +19,26 @@ class Place(enum.Enum):
     NARROW = "narrow"
 
 
+class Band(enum.Enum):
+    """The heights at which marks stand."""
+
+    ABOVE = "above"
+    BELOW = "below"
+    BAR_ABOVE = "bar above"
+    BAR_BELOW = "bar below"
+    BAR_HIGH = "bar high"
+    BAR_FAR = "bar far"
+    INSIDE = "inside"
+
+
+WIDE, MEDIUM, STEM, NARROW = Place
+ABOVE, BELOW, BAR_ABOVE, BAR_BELOW, BAR_HIGH, BAR_FAR, INSIDE = Band
+
+# Where the middle of the marks of a band comes to stand on a letter whose shape is in the way of the
+# usual place: x, and y where the height changes as well.
+Exceptions = dict[Band, tuple[float, ...]]
+
+
 @dataclass(frozen=True)
 class Sign:
     """Strokes of the pen on an advance that begins at x = 0.
@@ -32,29 +52,13 @@ class Sign:
     pen: float = field(default=1.0, kw_only=True)
 
 
-class Band(enum.Enum):
-    """The heights at which marks stand."""
-
-    ABOVE = "above"
-    BELOW = "below"
-    BAR_ABOVE = "bar above"
-    BAR_BELOW = "bar below"
-    BAR_HIGH = "bar high"
-    BAR_FAR = "bar far"
-    INSIDE = "inside"
-
-
 @dataclass(frozen=True)
 class Letter(Sign):
-    """A letter or digit, with the places of its marks.
-
-    exceptions says where the middle of the marks of a band comes to stand, if the shape of the
-    letter is in the way of the usual place: x, and y where the height changes as well.
-    """
+    """A letter or digit, with the places of its marks."""
 
     above: Place = Place.MEDIUM
     below: Place = Place.MEDIUM
-    exceptions: dict[Band, tuple[float, ...]] = field(default_factory=dict)
+    exceptions: Exceptions = field(default_factory=dict)
 
 
 @dataclass(frozen=True)

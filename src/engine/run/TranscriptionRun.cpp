@@ -126,7 +126,7 @@ QString TranscriptionRun::transcription(QString text, const ModeTable &table)
         QCoreApplication::processEvents();
         context.AbortRequested = state_.AbortRequested;
     };
-    const QString result = TranscribeText(text, table, context);
+    QString result = TranscribeText(text, table, context);
     if (context.AlertIsDue)
         warnOfUndefinedCharacters(parts_.window);
     return result;

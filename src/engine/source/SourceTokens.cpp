@@ -70,9 +70,9 @@ private:
     {
         const qsizetype end = line_.indexOf(u'>', at_);
         const QStringView name = line_.sliced(at_ + 1, qMax<qsizetype>(end - at_ - 1, 0));
-        if (name.isEmpty())
-            problem_ = QStringLiteral("'<' begins the name of a table, ended by '>'; a lone '<' "
-                                      "stands in quotes");
+        if (name.isEmpty() || name.contains(u' '))
+            fail(QStringLiteral("'<' begins the name of a table, ended by '>'; a lone '<' "
+                                "stands in quotes"));
         at_ = qMax(end, at_) + 1;
         return encoded(name);
     }
@@ -83,7 +83,7 @@ private:
         for (++at_; at_ < line_.size() && line_.at(at_) != u'"';)
             text += line_.at(at_) == u'\\' ? escape() : encoded(line_.sliced(at_++, 1));
         if (at_ >= line_.size())
-            problem_ = QStringLiteral("the quotation mark is not closed");
+            fail(QStringLiteral("the quotation mark is not closed"));
         ++at_;
         return text;
     }
@@ -99,8 +99,7 @@ private:
         case 'x':
             return hexEscape();
         default:
-            problem_ =
-                QStringLiteral("only \\\", \\\\ and \\x with two hexadecimal digits are escapes");
+            fail(QStringLiteral("only \\\", \\\\ and \\x with two hexadecimal digits are escapes"));
             return {};
         }
     }
@@ -114,7 +113,7 @@ private:
         const uint code = digits.toUInt(&isNumber, 16);
         at_ += digits.size();
         if (!isNumber || digits.size() != 2 || !digits.at(0).isLetterOrNumber())
-            problem_ = QStringLiteral("\\x is followed by two hexadecimal digits");
+            fail(QStringLiteral("\\x is followed by two hexadecimal digits"));
         return QByteArray(1, static_cast<char>(code));
     }
 
@@ -122,12 +121,18 @@ private:
     {
         const std::optional<QByteArray> bytes = toCodePage(text);
         if (!bytes)
-            problem_ = QStringLiteral("'%1' is not in code page 1252").arg(text);
+            fail(QStringLiteral("'%1' is not in code page 1252").arg(text));
         return bytes.value_or(QByteArray());
     }
 
+    void fail(const QString &problem)
+    {
+        if (problem_.isEmpty())
+            problem_ = problem;
+    }
+
     QStringView line_;
-    QString &problem_;
+    QString &problem_; ///< the first one; the rest of the line may only follow from it
     qsizetype at_ = 0;
 };
 
