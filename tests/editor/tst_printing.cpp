@@ -43,8 +43,10 @@ private:
 void tst_Printing::printsThePane()
 {
     DocumentsFixture &f = *fixture_;
-    f.target->setSelFontName(QStringLiteral("DejaVu Serif"));
     f.target->setText(QStringLiteral("Ai! laurie lantar\r\nlassi surinen"));
+    f.target->setSelLength(f.target->TextLength());
+    f.target->setSelFontName(QStringLiteral("DejaVu Serif"));
+    f.target->setSelStart(0);
     f.target->setTag({});
     PrintDialogs dialogs(f.path(QStringLiteral("out.pdf")));
     f.documents.PrintDocument(*f.target);
