@@ -41,7 +41,10 @@ void RichTextBox::showDocument(QTextDocument &document)
     QTextDocument *former = this->document();
     if (former != &document) {
         setDocument(&document);
-        former->deleteLater(); // it may be what is telling of its change right now
+        former->deleteLater();                 // it may be what is telling of its change right now
+        setTextCursor(QTextCursor(&document)); // the old one would type in the former format
+        format_.reset();
+        Q_EMIT selectionMoved();
     }
 }
 

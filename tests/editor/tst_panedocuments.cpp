@@ -53,9 +53,9 @@ void tst_PaneDocuments::startsFromTheTemplate()
     f.documents.NewDocument(*f.source);
     f.documents.NewDocument(*f.target);
     QCOMPARE(f.source->Text(), QString());
-    QCOMPARE(f.source->SelFormat().fontName, QStringLiteral("DejaVu Sans"));
-    QCOMPARE(f.source->SelFormat().fontSize, 15.0);
-    QCOMPARE(f.target->SelFormat().fontName, QStringLiteral("DejaVu Serif"));
+    QCOMPARE(f.source->SelFormat().fontName.value(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(f.source->SelFormat().fontSize.value(), 15.0);
+    QCOMPARE(f.target->SelFormat().fontName.value(), QStringLiteral("DejaVu Serif"));
     QCOMPARE(f.captions, (QStringList{QStringLiteral("1 Source"), QStringLiteral("2 Target")}));
     QCOMPARE(f.cleared, (QStringList{QStringLiteral("rom*"), QStringLiteral("tng*")}));
     QCOMPARE(f.documents.SourceFileName(), QString());

@@ -8,6 +8,7 @@
 
 #include <QDropEvent>
 #include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <memory>
 
@@ -222,7 +223,6 @@ void tst_PaneKeys::recordsEveryEditingKey_data()
     QTest::addColumn<int>("key");
     QTest::newRow("Ctrl+Backspace") << int(Qt::Key_Backspace);
     QTest::newRow("Ctrl+Delete") << int(Qt::Key_Delete);
-    QTest::newRow("Ctrl+K") << int(Qt::Key_K);
 }
 
 void tst_PaneKeys::recordsEveryEditingKey()
@@ -231,8 +231,9 @@ void tst_PaneKeys::recordsEveryEditingKey()
     KeysFixture &f = *fixture_;
     f.source->setText(QStringLiteral("one two three four five six"));
     f.source->setSelStart(14);
+    const int length = f.source->TextLength();
     f.press(key, Qt::ControlModifier);
-    QVERIFY(f.source->TextLength() < 27);
+    QVERIFY(f.source->TextLength() < length);
     f.press(key, Qt::ControlModifier);
     QTest::keyClicks(f.source, QStringLiteral("a"));
     QCOMPARE(f.calls, QStringList(3, QStringLiteral("1")));
@@ -245,7 +246,12 @@ void tst_PaneKeys::recordsEveryDrop()
     QMimeData data;
     data.setText(QStringLiteral("dropped "));
     const auto drop = [&] {
-        QDropEvent event(QPointF(1, 1), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        const QPoint start = f.source->cursorRect().center();
+        QDragEnterEvent enter(start, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(f.source->viewport(), &enter);
+        QDragMoveEvent move(start, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(f.source->viewport(), &move);
+        QDropEvent event(start, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QCoreApplication::sendEvent(f.source->viewport(), &event);
     };
     drop();
@@ -290,7 +296,8 @@ void tst_PaneKeys::runsCommands()
     f.source->setText(QStringLiteral("abc def"));
     f.source->setSelStart(1);
     f.source->setSelLength(3);
-    f.press(key, Qt::KeyboardModifiers(modifiers));
+    QKeyEvent event(QEvent::KeyPress, key, Qt::KeyboardModifiers(modifiers));
+    QCoreApplication::sendEvent(f.source, &event);
     QCOMPARE(f.calls, {call});
     QCOMPARE(f.source->Text(), QStringLiteral("abc def"));
     QCOMPARE(f.source->SelLength(), 3);

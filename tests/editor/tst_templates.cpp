@@ -35,10 +35,10 @@ void tst_Templates::areEmptyDocuments()
     QTest::keyClicks(&box, QStringLiteral("ab"));
     box.setSelStart(0);
     box.setSelLength(2);
-    QCOMPARE(box.SelFormat().fontName, font);
-    QCOMPARE(box.SelFormat().fontSize, size);
-    QCOMPARE(box.SelFormat().alignment, Alignment::Left);
-    QCOMPARE(box.SelFormat().indent, 0);
+    QCOMPARE(box.SelFormat().fontName.value(), font);
+    QCOMPARE(box.SelFormat().fontSize.value(), size);
+    QCOMPARE(box.SelFormat().alignment.value(), Alignment::Left);
+    QCOMPARE(box.SelFormat().indent.value(), 0);
 }
 
 QTEST_MAIN(tst_Templates)

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QTimer>
 #include <deque>
 #include <optional>
@@ -55,6 +56,8 @@ private:
             dialog->selectNameFilter(answer.filter);
             Q_EMIT dialog->filterSelected(answer.filter); // as a choice by hand does
         }
+        // a file marked in the list would count more than a name that nobody typed
+        dialog->findChild<QListView *>(QStringLiteral("listView"))->clearSelection();
         name->setText(answer.name);
         static_cast<QDialog *>(dialog)->accept();
     }
