@@ -3,15 +3,12 @@
 #include "editor/SharedState.h"
 #include "platform/RichTextBox.h"
 #include "search/UnknownCharacters.h"
-#include "search/frmFind.h"
 
 SearchCommands::SearchCommands(SharedState &state, const Panes &panes,
                                std::function<bool()> isTranscribing, QWidget &window)
     : state_(state), panes_(panes), isTranscribing_(std::move(isTranscribing)), window_(window)
 {
 }
-
-SearchCommands::~SearchCommands() = default;
 
 void SearchCommands::showFind()
 {
@@ -30,7 +27,8 @@ void SearchCommands::open(const QString &how)
         const RichTextBox *pane = panes_.pane(state_.ActivePane);
         state_.TransferValue = how;
         state_.TransferText = pane != nullptr ? pane->SelText() : QString();
-        dialog_ = std::make_unique<frmFind>(state_, panes_, isTranscribing_, &window_);
+        dialog_ = new frmFind(state_, panes_, isTranscribing_, &window_);
+        dialog_->setAttribute(Qt::WA_DeleteOnClose);
         dialog_->show();
     }
     dialog_->raise();

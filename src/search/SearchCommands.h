@@ -1,12 +1,12 @@
 #pragma once
 
 #include "editor/Panes.h"
+#include "search/frmFind.h"
 
+#include <QPointer>
 #include <functional>
-#include <memory>
 
 class QWidget;
-class frmFind;
 struct SharedState;
 
 /// The search commands of the main window.
@@ -17,7 +17,6 @@ public:
     /// runs.
     SearchCommands(SharedState &state, const Panes &panes, std::function<bool()> isTranscribing,
                    QWidget &window);
-    ~SearchCommands();
 
     /// Opens the find dialog with the active pane's selected text, or brings the open one to the
     /// front as it is. The second shows its replace controls.
@@ -34,5 +33,5 @@ private:
     Panes panes_;
     std::function<bool()> isTranscribing_;
     QWidget &window_;
-    std::unique_ptr<frmFind> dialog_; ///< kept when closed, until the next one opens
+    QPointer<frmFind> dialog_; ///< the window's; gone when closed
 };

@@ -3,7 +3,7 @@
 #include "editor/SettingKeys.h"
 #include "editor/SharedState.h"
 #include "engine/CodePage.h"
-#include "support/SettingsFile.h"
+#include "support/RegistryFolder.h"
 #include "tools/ListItems.h"
 
 #include <QApplication>
@@ -26,12 +26,12 @@ QString codes(const QByteArray &hex)
 }
 
 /// The dialog, open, with the state and settings that it works on.
-class Calculator : public SettingsFile
+class Calculator : public RegistryFolder
 {
 public:
     void open()
     {
-        dialog = std::make_unique<frmCalculator>(state, stored, nullptr);
+        dialog = std::make_unique<frmCalculator>(state, settings, nullptr);
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
         QCoreApplication::processEvents();
@@ -74,7 +74,7 @@ public:
 
     [[nodiscard]] QString setting(const char *name) const
     {
-        return stored.text(SettingKey::Numerals, QLatin1String(name));
+        return settings.text(SettingKey::Numerals, QLatin1String(name));
     }
 
     SharedState state;
@@ -403,8 +403,8 @@ void tst_frmCalculator::damagedSettings()
 {
     Calculator calculator;
     for (const char *name : {"Reverse", "NumericIndicator", "SelectedTab", "NumericBase"})
-        calculator.stored.write(SettingKey::Numerals, QLatin1String(name), u"77"_qs);
-    calculator.stored.write(SettingKey::Numerals, u"LeastSignificantDigit"_qs, u"yes"_qs);
+        calculator.settings.write(SettingKey::Numerals, QLatin1String(name), u"77"_qs);
+    calculator.settings.write(SettingKey::Numerals, u"LeastSignificantDigit"_qs, u"yes"_qs);
     calculator.open();
     QVERIFY(calculator.get<QCheckBox>("chkReverse").isChecked());
     QVERIFY(!calculator.get<QCheckBox>("chkLeastSignificant").isChecked());
@@ -416,7 +416,7 @@ void tst_frmCalculator::numberIsEntered()
 {
     Calculator calculator;
     calculator.dialog =
-        std::make_unique<frmCalculator>(calculator.state, calculator.stored, nullptr);
+        std::make_unique<frmCalculator>(calculator.state, calculator.settings, nullptr);
     calculator.dialog->enterDecimal(u"144"_qs);
     QCOMPARE(calculator.text("txtDecimal"), u"144"_qs);
     QCOMPARE(calculator.text("txtDuodecimal"), u"100"_qs);

@@ -7,6 +7,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -41,22 +42,20 @@ public:
     std::unique_ptr<frmSpecialCharacters> dialog;
 };
 
-/// How many pixels of a picture differ from its first one.
-int inkOf(const QFont &font, QChar sign)
+/// The part of a picture of 60 pixels' width and height in which the sign has left ink, drawn into
+/// its inner 50.
+QRect inkOf(const QFont &font, QChar sign)
 {
     QImage image(60, 60, QImage::Format_RGB32);
     image.fill(Qt::white);
     QPainter painter(&image);
     drawSign(painter, QRectF(5, 5, 50, 50), font, sign, Qt::black);
     painter.end();
-    int ink = 0;
+    QRect ink;
     for (int y = 0; y < 60; ++y) {
         for (int x = 0; x < 60; ++x) {
-            const bool isOutside = x < 4 || y < 4 || x > 56 || y > 56;
-            const bool isInk = image.pixel(x, y) != qRgb(255, 255, 255);
-            if (isOutside && isInk)
-                return -1;
-            ink += isInk ? 1 : 0;
+            if (image.pixel(x, y) != qRgb(255, 255, 255))
+                ink |= QRect(x, y, 1, 1);
         }
     }
     return ink;
@@ -265,11 +264,25 @@ void tst_frmSpecialCharacters::tabLeavesTheGrid()
 
 void tst_frmSpecialCharacters::signsAreDrawnInTheirPlace()
 {
-    const QFont font = QApplication::font();
-    QCOMPARE(inkOf(font, u' '), 0);
-    QVERIFY(inkOf(font, u'W') > 100);
-    QVERIFY(inkOf(font, u'\u00AD') > 0); // text layout would hide it
-    QCOMPARE(inkOf(font, u'\u0081'), 0);
+    const int id = QFontDatabase::addApplicationFont(
+        QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts/TengwarQuillon-Regular.otf"));
+    QVERIFY(id >= 0);
+    const QFont font(QFontDatabase::applicationFontFamilies(id).constFirst());
+    const QRect place(4, 4, 52, 52); // with a pixel for smoothed edges
+    for (int code = 33; code < 256; ++code) {
+        const QChar sign = codePageCharacter(uchar(code));
+        const QRect ink = inkOf(font, sign);
+        QVERIFY2(ink.isEmpty() || place.contains(ink), qPrintable(QString::number(code)));
+        // Of a code that the font leaves unassigned nothing need be seen, U+00AD is a sign of it.
+        QVERIFY2(!ink.isEmpty() || !sign.isPrint() || code == 160,
+                 qPrintable(QString::number(code)));
+    }
+    QVERIFY(inkOf(font, u' ').isEmpty());
+    QVERIFY(!inkOf(font, u'\u00AD').isEmpty());
+    // A vowel mark alone is small and high up; its circle reaches down to the line.
+    const QRect letter = inkOf(font, u'n');
+    for (const QChar mark : {u'D', u'F', u'T'})
+        QVERIFY(std::abs(inkOf(font, mark).bottom() - letter.bottom()) <= 2);
 }
 
 QTEST_MAIN(tst_frmSpecialCharacters)

@@ -3,7 +3,7 @@
 #include "editor/SharedState.h"
 #include "platform/RichTextBox.h"
 #include "support/JournalRecord.h"
-#include "support/SettingsFile.h"
+#include "support/RegistryFolder.h"
 #include "tools/CharacterGrid.h"
 
 #include <QApplication>
@@ -28,12 +28,12 @@ public:
         show();
     }
 
-    SettingsFile settings;
+    RegistryFolder registry;
     SharedState state;
     JournalRecord journal;
     RichTextBox source;
     RichTextBox target;
-    InsertCommands commands{state, {source, target}, journal, settings.stored, *this};
+    InsertCommands commands{state, {source, target}, journal, registry.settings, *this};
 };
 
 /// Does something with the dialog that a command is about to open.
@@ -171,7 +171,7 @@ void tst_InsertCommands::charactersGoToTheActivePane()
         QCOMPARE(font, u"Font %1"_qs.arg(int(code)));
         QCOMPARE(pane.Text(), u"xByz"_qs);
         QCOMPARE(window.journal.saved.back(), code);
-        QVERIFY(pane.hasFocus());
+        QCOMPARE(window.focusWidget(), &pane);
         // It is offered again next time.
         QCOMPARE(window.state.TransferText, u"B"_qs);
     }
