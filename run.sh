@@ -33,4 +33,4 @@ fi
 echo "There is no display; this is the program at work on a virtual one."
 tools/ensure-packages "${virtual_display_packages[@]}"
 QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" \
-    build/tools/demo English "Three lamps burned late beside the quiet water." build/quillon.png
+    build/tools/demo/demo English "Three lamps burned late beside the quiet water." build/quillon.png

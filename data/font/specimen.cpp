@@ -117,9 +117,9 @@ void drawSigns(QPainter &painter)
     constexpr double cell = (pageWidth - 2.0 * margin) / columns;
     constexpr double rowHeight = 102;
     for (int code = 0x20; code <= 0xff; ++code) {
-        const int index = code - 0x20;
-        drawSign(painter, margin + cell * (index % columns), 130 + rowHeight * (index / columns),
-                 code);
+        const int row = (code - 0x20) / columns;
+        const int column = (code - 0x20) % columns;
+        drawSign(painter, margin + cell * column, 130 + rowHeight * row, code);
     }
 }
 
@@ -161,7 +161,7 @@ std::function<QString(QChar)> placed(const MarkPlaces::Bar &bar)
     };
 }
 
-Columns columnsAbove()
+Columns columnsAbove(QStringView)
 {
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
@@ -171,7 +171,7 @@ Columns columnsAbove()
     return columns;
 }
 
-Columns columnsBelow()
+Columns columnsBelow(QStringView letters)
 {
     Columns columns;
     for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
@@ -184,11 +184,13 @@ Columns columnsBelow()
                 return QString(QChar(hook.code));
         return QString();
     });
-    for (const char16_t inside : MarkPlaces::insideLambe)
-        columns.push_back([inside](QChar letter) {
-            return QStringView(MarkPlaces::lambeAndAlda).contains(letter) ? QString(QChar(inside))
-                                                                          : QString();
-        });
+    if (letters.contains(u'j')) // the marks inside bowls
+        for (const char16_t inside : MarkPlaces::insideLambe)
+            columns.push_back([inside](QChar letter) {
+                return QStringView(MarkPlaces::lambeAndAlda).contains(letter)
+                           ? QString(QChar(inside))
+                           : QString();
+            });
     return columns;
 }
 
@@ -233,8 +235,9 @@ std::vector<Page> pages()
     const QString others = QStringLiteral(
         "*IK<\u2021\u2022\u2013\u0161\u00ae\u00a6\u00a7\u00b3\u00be\u00bf\u00bc\u00c4"
         "\u00f0\u00f1\u00f2\u00f3\u00f4\u00f5\u00f6\u00f7\u00f8\u00f9\u00fa\u00fb");
-    const auto grid = [](const QString &title, const QString &rows, Columns (*columns)()) {
-        return [=](QPainter &painter) { drawGrid(painter, title, rows, columns()); };
+    const auto grid = [](const QString &title, const QString &rows,
+                         Columns (*columns)(QStringView)) {
+        return [=](QPainter &painter) { drawGrid(painter, title, rows, columns(rows)); };
     };
     return {
         drawSigns,

@@ -156,7 +156,9 @@ void Form1::SetRTBFocus()
 
 bool Form1::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == centralWidget() && event->type() == QEvent::Resize)
+    // a control asks for another layout when a new font or style changes its height
+    const bool isMoving = event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest;
+    if (watched == centralWidget() && isMoving)
         MoveControls();
     return QMainWindow::eventFilter(watched, event);
 }
@@ -167,8 +169,6 @@ void Form1::changeEvent(QEvent *event)
     const bool becameVisible = event->type() == QEvent::WindowStateChange && !isMinimized();
     if (becameVisible) {
         setWindowTitle(programTitle());
-        MoveControls();
-    } else if (event->type() == QEvent::StyleChange || event->type() == QEvent::FontChange) {
         MoveControls();
     }
 }

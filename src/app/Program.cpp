@@ -85,7 +85,7 @@ void Program::readSettings()
         settings.StandardUnit = QStringLiteral("mm");
     settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
 
-    fonts_ = installedFonts({QStringLiteral("Tengwar Quillon")});
+    fonts_ = installedFonts(registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts")));
     settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
     settings.GenericTengwarFont =
         orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));

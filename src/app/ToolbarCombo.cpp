@@ -4,7 +4,6 @@
 #include <QKeyEvent>
 #include <QScreen>
 #include <QStyle>
-#include <utility>
 
 ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
 {
@@ -16,18 +15,19 @@ ToolbarCombo::ToolbarCombo(QWidget *parent) : QComboBox(parent)
 
 void ToolbarCombo::showPopup()
 {
-    popupIsOpen_ = true;
     const int entries = view()->sizeHintForColumn(0) +
                         style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2 * view()->frameWidth();
     view()->setMinimumWidth(qMin(entries, screen()->availableSize().width() / 2));
+    // a click elsewhere hides the list without telling the combo box
+    view()->window()->installEventFilter(this);
     QComboBox::showPopup();
 }
 
-void ToolbarCombo::hidePopup()
+bool ToolbarCombo::eventFilter(QObject *watched, QEvent *event)
 {
-    QComboBox::hidePopup();
-    if (std::exchange(popupIsOpen_, false))
+    if (event->type() == QEvent::Hide)
         Q_EMIT finished();
+    return QComboBox::eventFilter(watched, event);
 }
 
 void ToolbarCombo::keyPressEvent(QKeyEvent *event)

@@ -13,7 +13,6 @@ public:
     explicit ToolbarCombo(QWidget *parent = nullptr);
 
     void showPopup() override;
-    void hidePopup() override;
 
 Q_SIGNALS:
     /// An entry was chosen, the list was closed, or Enter or Esc was pressed. Connect queued: what
@@ -21,9 +20,7 @@ Q_SIGNALS:
     void finished();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
-
-private:
-    bool popupIsOpen_ = false;
 };

@@ -10,4 +10,5 @@ inline const QString Mode = QStringLiteral("Software\\Quillon\\Mode");
 inline const QString Transcription = QStringLiteral("Software\\Quillon\\Transcription");
 inline const QString General = QStringLiteral("Software\\Quillon\\General");
 inline const QString Window = QStringLiteral("Software\\Quillon\\Window");
+inline const QString Numerals = QStringLiteral("Software\\Quillon\\Numerals");
 } // namespace SettingKey

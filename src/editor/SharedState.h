@@ -22,4 +22,6 @@ struct SharedState
     bool AbortRequested = false; ///< set by Esc, cleared when a transcription starts
     double Progress = 0;         ///< of the running transcription, 0 to 1
     bool AutoTranscribe = false; ///< not stored: off at every start
+
+    qint16 NextListItem = 0; ///< list item, 0 to 23, that the calculator offers next; not stored
 };

@@ -1,5 +1,6 @@
 #include "platform/FontList.h"
 
+#include <QDir>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <algorithm>
@@ -20,6 +21,18 @@ QStringList fontListOrder(QStringList installed, const QString &interfaceFont,
     installed.removeDuplicates();
     std::sort(installed.begin(), installed.end(), comesBefore);
     return installed;
+}
+
+QStringList registerFonts(const QString &folder)
+{
+    QStringList names;
+    for (const QFileInfo &file : QDir(folder).entryInfoList(QDir::Files)) {
+        const int font = QFontDatabase::addApplicationFont(file.filePath());
+        if (font >= 0)
+            names += QFontDatabase::applicationFontFamilies(font);
+    }
+    names.removeDuplicates();
+    return names;
 }
 
 QStringList installedFonts(const QStringList &ownFonts)

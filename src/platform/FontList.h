@@ -10,6 +10,10 @@
 [[nodiscard]] QStringList fontListOrder(QStringList installed, const QString &interfaceFont,
                                         const QStringList &ownFonts);
 
+/// Makes the fonts in a folder known to this program, without installing them, and returns their
+/// names. Needs a running QGuiApplication.
+[[nodiscard]] QStringList registerFonts(const QString &folder);
+
 /// The scalable and bitmap fonts that can be chosen for text, in that order. Needs a running
 /// QGuiApplication.
 [[nodiscard]] QStringList installedFonts(const QStringList &ownFonts);

@@ -7,23 +7,13 @@
 
 namespace {
 
-bool endsWord(QStringView text)
+/// Replaces what the cursor selects by a text of that format.
+void replace(QTextCursor &cursor, const QString &text, const QTextCharFormat &format)
 {
-    if (text.size() > 1 && text.back().isLowSurrogate())
-        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text[text.size() - 2], text.back()));
-    return !text.isEmpty() && text.back().isLetterOrNumber();
-}
-
-bool beginsWord(QStringView text)
-{
-    if (text.size() > 1 && text.front().isHighSurrogate())
-        return QChar::isLetterOrNumber(QChar::surrogateToUcs4(text.front(), text[1]));
-    return !text.isEmpty() && text.front().isLetterOrNumber();
-}
-
-bool isWholeWord(QStringView text, qsizetype position, qsizetype length)
-{
-    return !endsWord(text.first(position)) && !beginsWord(text.sliced(position + length));
+    cursor.beginEditBlock();
+    cursor.insertText(documentText(text), format);
+    keepFormatOfEmptyParagraph(cursor, format);
+    cursor.endEditBlock();
 }
 
 } // namespace
@@ -77,12 +67,10 @@ int RichTextBox::TextLength() const
 
 void RichTextBox::setText(const QString &text)
 {
+    const QTextCharFormat format = firstFormat(*document());
     QTextCursor all(document());
-    all.movePosition(QTextCursor::NextCharacter);
-    const QTextCharFormat format = all.charFormat();
-    all.setPosition(0);
     all.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-    all.insertText(documentText(text), format);
+    replace(all, text, format);
     setSelStart(0);
 }
 
@@ -117,27 +105,17 @@ QString RichTextBox::SelText() const
 void RichTextBox::setSelText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text), insertionFormat(cursor));
+    replace(cursor, text, insertionFormat(cursor));
     setTextCursor(cursor);
 }
 
 int RichTextBox::find(const QString &text, int start, int end, FindFlags flags)
 {
-    const QString sought = userForm(text);
-    const QString whole = Text();
-    // A match begins before `end`, so nothing beyond this is looked at.
-    const qint64 last = qint64(end) + sought.size() - 1;
-    const QStringView range = QStringView(whole).first(std::clamp<qint64>(last, 0, whole.size()));
-    const bool isWord = flags.testFlag(FindFlag::WholeWord);
-    const auto sensitivity =
-        flags.testFlag(FindFlag::MatchCase) ? Qt::CaseSensitive : Qt::CaseInsensitive;
-    qsizetype position =
-        sought.isEmpty() ? -1 : range.indexOf(sought, std::max(start, 0), sensitivity);
-    while (position >= 0 && isWord && !isWholeWord(whole, position, sought.size()))
-        position = range.indexOf(sought, position + 1, sensitivity);
+    const TextSearch search(text, flags);
+    const auto position = int(search.find(Text(), start, end));
     if (position >= 0)
-        select(int(position), int(sought.size()));
-    return int(position);
+        select(position, int(search.length()));
+    return position;
 }
 
 void RichTextBox::select(int start, int length)

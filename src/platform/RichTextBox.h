@@ -2,14 +2,10 @@
 
 #include "platform/SelectionFormat.h"
 #include "platform/TextForm.h"
+#include "platform/TextSearch.h"
 #include <QTextEdit>
 
 class QPrinter;
-
-/// How RichTextBox::find compares. The flags add.
-enum class FindFlag : quint32 { None = 0, WholeWord = 2, MatchCase = 4 };
-Q_DECLARE_FLAGS(FindFlags, FindFlag)
-Q_DECLARE_OPERATORS_FOR_FLAGS(FindFlags)
 
 /// The file types of RichTextBox::LoadFile and SaveFile.
 enum class FileType { RichText = 0, Text = 1 };
@@ -83,12 +79,9 @@ public:
     /// goes after the new text. Line ends as in setText.
     void setSelText(const QString &text);
 
-    /// Searches for `text` among the matches that begin at or after `start` and before `end`; a
-    /// match may reach beyond `end`. Selects the first and returns its position; -1, with the
-    /// selection unchanged, if there is none or `text` is empty.
-    ///
-    /// Without MatchCase, letters are compared by their simple case folding. With WholeWord the
-    /// characters on either side of a match are neither letters nor digits.
+    /// Searches for `text` as TextSearch does: selects the first match that begins at or after
+    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if there
+    /// is none.
     int find(const QString &text, int start, int end, FindFlags flags = FindFlag::None);
 
     /// The attributes of the selection, or those of the next character typed. They are kept until

@@ -145,11 +145,6 @@ void forEachRun(const QTextCursor &cursor, bool withParagraphEnds, Visit visit)
     });
 }
 
-QTextCharFormat formatAt(const QTextDocument &document, int index)
-{
-    return document.allFormats().at(index).toCharFormat();
-}
-
 } // namespace
 
 QTextCharFormat insertionFormat(const QTextCursor &cursor)
@@ -160,6 +155,12 @@ QTextCharFormat insertionFormat(const QTextCursor &cursor)
     first.setPosition(cursor.selectionStart());
     first.movePosition(QTextCursor::NextCharacter);
     return first.charFormat();
+}
+
+QTextCharFormat firstFormat(const QTextDocument &document)
+{
+    const QTextBlock block = document.firstBlock();
+    return block.length() > 1 ? block.begin().fragment().charFormat() : block.charFormat();
 }
 
 SelectionFormat selectionFormat(const QTextCursor &cursor)
@@ -202,26 +203,32 @@ void changeCharacters(const QTextCursor &cursor,
         int length;
         int index;
     };
+    const QTextDocument &document = *cursor.document();
     std::vector<Run> runs; // collected first: setting a format joins and splits what is visited
     forEachRun(cursor, true, [&](int position, int length, int index) {
         runs.push_back({position, length, index});
     });
     QHash<int, QTextCharFormat> changed;
+    const auto changedFormat = [&](int index) {
+        const auto known = changed.constFind(index);
+        if (known != changed.constEnd())
+            return *known;
+        QTextCharFormat format = document.allFormats().at(index).toCharFormat();
+        CharacterFormat attributes = CharacterFormat::of(format, document.defaultFont());
+        change(attributes);
+        attributes.applyTo(format);
+        return *changed.insert(index, format);
+    };
     QTextCursor editor(cursor);
     editor.beginEditBlock();
+    if (cursor.hasSelection() && cursor.selectionStart() == 0) {
+        editor.setPosition(0);
+        editor.setBlockCharFormat(changedFormat(document.firstBlock().charFormatIndex()));
+    }
     for (const Run &run : runs) {
-        auto known = changed.constFind(run.index);
-        if (known == changed.constEnd()) {
-            QTextCharFormat format = formatAt(*cursor.document(), run.index);
-            CharacterFormat attributes =
-                CharacterFormat::of(format, cursor.document()->defaultFont());
-            change(attributes);
-            attributes.applyTo(format);
-            known = changed.insert(run.index, format);
-        }
         editor.setPosition(run.position);
         editor.setPosition(run.position + run.length, QTextCursor::KeepAnchor);
-        editor.setCharFormat(*known);
+        editor.setCharFormat(changedFormat(run.index));
     }
     editor.endEditBlock();
 }
@@ -237,4 +244,10 @@ void changeParagraphs(const QTextCursor &cursor,
         applyParagraphFormat(QTextCursor(block), format);
     });
     editor.endEditBlock();
+}
+
+void keepFormatOfEmptyParagraph(QTextCursor &cursor, const QTextCharFormat &format)
+{
+    if (cursor.block().length() == 1 && cursor.blockCharFormat() != format)
+        cursor.setBlockCharFormat(format);
 }

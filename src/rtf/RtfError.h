@@ -21,11 +21,12 @@ struct RtfError
 /// megabytes; they lie far beyond anything that a person writes.
 struct RtfLimits
 {
-    static constexpr qint64 characters = 40'000'000; ///< UTF-16 units
-    static constexpr qint64 pieces = 2'000'000;      ///< paragraphs and runs of one format
-    static constexpr qsizetype groupDepth = 1'000;   ///< deeper braces are only counted
-    static constexpr qsizetype tabStops = 64;        ///< in one paragraph
-    static constexpr int twips = 31'680;             ///< largest length: 22 inches
-    static constexpr int halfPoints = 3'276;         ///< largest font size: 1638 points
-    static constexpr int fallbackUnits = 32;         ///< skipped after a \u
+    static constexpr qint64 characters = 40'000'000;  ///< UTF-16 units
+    static constexpr qint64 pieces = 1'000'000;       ///< paragraphs and runs of one format
+    static constexpr qsizetype tableEntries = 65'536; ///< fonts, colours, lists; more are left out
+    static constexpr qsizetype groupDepth = 1'000;    ///< deeper braces are only counted
+    static constexpr qsizetype tabStops = 64;         ///< in one paragraph
+    static constexpr int twips = 31'680;              ///< largest length: 22 inches
+    static constexpr int halfPoints = 3'276;          ///< largest font size: 1638 points
+    static constexpr int fallbackUnits = 32;          ///< skipped after a \u
 };

@@ -31,9 +31,11 @@ std::optional<RtfError> RtfInterpreter::run()
             break;
         take(token);
         if (isOverLimits())
-            return RtfError{RtfError::What::TooLarge, tokenizer_.offset()};
+            break;
     }
     finish();
+    if (isOverLimits())
+        return RtfError{RtfError::What::TooLarge, tokenizer_.offset()};
     return std::nullopt;
 }
 
@@ -181,7 +183,19 @@ void RtfInterpreter::textBytes(std::string_view bytes)
     if (isAscii && bytes_.isEmpty() && codePageNow() != RtfCodePage::symbol)
         asciiText(bytes);
     else
-        bytes_.append(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        gatherBytes(bytes);
+}
+
+void RtfInterpreter::gatherBytes(std::string_view bytes)
+{
+    constexpr size_t most = 1 << 20; // no character of two bytes need survive beyond
+    while (!bytes.empty() && !isOverLimits()) {
+        const size_t size = std::min(bytes.size(), most);
+        bytes_.append(bytes.data(), static_cast<qsizetype>(size));
+        bytes.remove_prefix(size);
+        if (static_cast<size_t>(bytes_.size()) >= most)
+            flushBytes();
+    }
 }
 
 void RtfInterpreter::asciiText(std::string_view text)
@@ -198,8 +212,9 @@ void RtfInterpreter::asciiText(std::string_view text)
 void RtfInterpreter::textByte(uchar byte)
 {
     pushPendingGroups();
+    const char asText = static_cast<char>(byte);
     if (readsText())
-        bytes_.append(static_cast<char>(byte));
+        gatherBytes({&asText, 1});
 }
 
 int RtfInterpreter::codePageNow() const

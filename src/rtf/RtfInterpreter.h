@@ -85,6 +85,7 @@ private:
     [[nodiscard]] bool readsText() const;
     void textBytes(std::string_view bytes);
     void asciiText(std::string_view text);
+    void gatherBytes(std::string_view bytes);
     void textByte(uchar byte);
     void codePoint(int number);
     void codeUnit(char16_t unit);

@@ -1,6 +1,7 @@
 #include "rtf/RtfTables.h"
 
 #include "rtf/RtfCodePages.h"
+#include "rtf/RtfError.h"
 #include "rtf/RtfFormat.h"
 #include <algorithm>
 
@@ -50,7 +51,8 @@ void RtfFontTable::addName(QStringView text)
         entry_.codePage = RtfCodePage::latin;
     if (fonts_.isEmpty() || number_ < firstNumber_)
         firstNumber_ = number_;
-    fonts_.insert(number_, entry_);
+    if (fonts_.size() < RtfLimits::tableEntries)
+        fonts_.insert(number_, entry_);
     number_ = -1;
 }
 
@@ -78,7 +80,8 @@ void RtfColourTable::set(RtfTableWord component, int value)
 void RtfColourTable::addText(QStringView text)
 {
     for (auto ends = text.count(u';'); ends > 0; --ends) {
-        colours_.push_back(entry_);
+        if (colours_.size() < static_cast<size_t>(RtfLimits::tableEntries))
+            colours_.push_back(entry_);
         entry_.reset();
     }
 }
@@ -99,7 +102,7 @@ void RtfListTable::word(RtfTableWord word, int parameter)
         levels_.push_back(0);
     else if (word == RtfTableWord::NumberFormat && !levels_.empty())
         levels_.back() = parameter;
-    else if (word == RtfTableWord::ListId)
+    else if (word == RtfTableWord::ListId && lists_.size() < RtfLimits::tableEntries)
         lists_.insert(parameter, levels_);
 }
 
@@ -111,7 +114,8 @@ void RtfListTable::overrideWord(RtfTableWord word, int parameter)
 
 void RtfListTable::nameOverride(int number)
 {
-    overrides_.insert(number, overriddenList_);
+    if (overrides_.size() < RtfLimits::tableEntries)
+        overrides_.insert(number, overriddenList_);
 }
 
 std::optional<bool> RtfListTable::isBullet(int number, int level) const

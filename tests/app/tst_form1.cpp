@@ -30,6 +30,7 @@ private Q_SLOTS:
     void messages();
     void messagesWhileMinimised();
     void progress();
+    void largerFontsGetMoreRoom();
     void tinyWindowsDoNoHarm();
     void closingAsks();
     void errorsWhileClosingKeepTheWindowOpen();
@@ -220,6 +221,19 @@ void tst_Form1::progress()
     QCOMPARE(bar->value(), 42);
     fixture.form.showProgress(std::nullopt);
     QVERIFY(!bar->isVisible());
+}
+
+void tst_Form1::largerFontsGetMoreRoom()
+{
+    FormFixture fixture;
+    CaptionLabel *caption = fixture.form.controls().lblRomanCaption;
+    const int before = caption->height();
+    QFont font = caption->font();
+    font.setPointSize(3 * font.pointSize());
+    caption->setFont(font);
+    QTRY_VERIFY(caption->height() > 2 * before);
+    QCOMPARE(fixture.find("rtbRoman")->y(), caption->geometry().bottom() + 1);
+    QCOMPARE(fixture.find("rtbTengwar")->y(), fixture.find("rtbRoman")->y());
 }
 
 void tst_Form1::tinyWindowsDoNoHarm()

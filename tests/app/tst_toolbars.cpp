@@ -24,6 +24,7 @@ private Q_SLOTS:
     void mixedButtonsLookDifferent();
     void errorsOfCommandsAreShown();
     void choosingGivesTheFocusBack();
+    void closingTheListGivesTheFocusBack();
     void escapeAndEnterGiveTheFocusBack();
     void theWheelNeedsTheFocus();
 
@@ -230,6 +231,18 @@ void tst_Toolbars::choosingGivesTheFocusBack()
     QTRY_VERIFY(!fonts->view()->isVisible());
     QTRY_COMPARE(fixture.form.focusWidget(), fixture.find("rtbTengwar"));
     QVERIFY(!fonts->currentText().isEmpty());
+}
+
+void tst_Toolbars::closingTheListGivesTheFocusBack()
+{
+    const FormFixture fixture;
+    auto *modes = fixture.find<QComboBox>("cboModeName");
+    modes->addItem(u"English"_s);
+    modes->setFocus();
+    modes->showPopup();
+    QTRY_VERIFY(modes->view()->isVisible());
+    modes->view()->window()->close();
+    QTRY_COMPARE(fixture.form.focusWidget(), fixture.find("rtbRoman"));
 }
 
 void tst_Toolbars::escapeAndEnterGiveTheFocusBack()

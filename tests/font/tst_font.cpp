@@ -149,8 +149,10 @@ private Q_SLOTS:
     void marksAreClearOfTheirLetters();
     void marksStandOverTheirLetters_data();
     void marksStandOverTheirLetters();
-    void leftHooksJoinTheirBows_data();
-    void leftHooksJoinTheirBows();
+    void marksOnOneLetterAreClear_data();
+    void marksOnOneLetterAreClear();
+    void hooksJoinTheirBows_data();
+    void hooksJoinTheirBows();
     void advances_data();
     void advances();
     void linesHoldAllInk_data();
@@ -331,12 +333,41 @@ void tst_font::marksStandOverTheirLetters()
     }
 }
 
-void tst_font::leftHooksJoinTheirBows_data()
+void tst_font::marksOnOneLetterAreClear_data()
 {
     addStyles();
 }
 
-void tst_font::leftHooksJoinTheirBows()
+void tst_font::marksOnOneLetterAreClear()
+{
+    const auto areClear = [](QChar letter, QChar first, QChar second) {
+        const QList<QPainterPath> paths =
+            laidOut(QString(letter) + first + second, fontOf(style()));
+        return paths.size() == 3 && !touches(paths[1], paths[2]);
+    };
+    // Letters with doubled bows and with single ones, a nasal or doubled, with a vowel.
+    for (const QChar letter : {u'5', u'6'}) {
+        const size_t place = letter == u'5' ? 0 : 1;
+        for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarAbove)
+            for (const QChar bar : place == 0 ? QStringLiteral("{P") : QStringLiteral("[p"))
+                QVERIFY2(areClear(letter, bar, tehta.codes[place]),
+                         qPrintable(QString::fromUtf16(tehta.name)));
+        for (const MarkPlaces::Tehta &tehta : MarkPlaces::tehtarBelow)
+            for (const QChar bar : place == 0 ? QStringLiteral("\":") : QStringLiteral("';"))
+                QVERIFY2(areClear(letter, bar, tehta.codes[place]),
+                         qPrintable(QString::fromUtf16(tehta.name)));
+    }
+    // Long vowels as doubled curls.
+    QVERIFY(areClear(u'z', u'^', u'H'));
+    QVERIFY(areClear(u'5', u'&', u'J'));
+}
+
+void tst_font::hooksJoinTheirBows_data()
+{
+    addStyles();
+}
+
+void tst_font::hooksJoinTheirBows()
 {
     for (const MarkPlaces::Hook &hook : MarkPlaces::hooks)
         for (const char16_t letter : hook.letters) {

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void order();
     void orderOfInstallationDoesNotMatter();
     void installedFontsBeginWithTheInterfaces();
+    void ownFontsAreRegistered();
 };
 
 void tst_FontList::order_data()
@@ -74,6 +75,15 @@ void tst_FontList::installedFontsBeginWithTheInterfaces()
     const QStringList moved = installedFonts({fonts.at(fonts.size() / 2)});
     QCOMPARE(moved.last(), fonts.at(fonts.size() / 2));
     QCOMPARE(moved.size(), fonts.size());
+}
+
+void tst_FontList::ownFontsAreRegistered()
+{
+    QCOMPARE(registerFonts(u"/nowhere/at/all"_qs), QStringList());
+    QCOMPARE(registerFonts(QStringLiteral(QUILLON_SOURCE_FOLDER "/cmake")), QStringList());
+    const QStringList own = registerFonts(QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts"));
+    QCOMPARE(own, QStringList{u"Tengwar Quillon"_qs});
+    QCOMPARE(installedFonts(own).last(), u"Tengwar Quillon"_qs);
 }
 
 QTEST_MAIN(tst_FontList)

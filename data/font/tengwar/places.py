@@ -19,7 +19,7 @@ from .sign import (
 )
 
 # From the right edge of a letter back to the axis of the mark.
-BACK_ABOVE = {WIDE: 465, MEDIUM: 315, STEM: 265, NARROW: 150}
+BACK_ABOVE = {WIDE: 465, MEDIUM: 315, STEM: 255, NARROW: 150}
 BACK_BELOW = {WIDE: 445, MEDIUM: 315, STEM: 265, NARROW: 150}
 BACK_INSIDE = 380
 
@@ -27,8 +27,8 @@ BACK_INSIDE = 380
 HEIGHTS = {
     ABOVE: 730,
     BELOW: -235,
-    BAR_ABOVE: 562,
-    BAR_BELOW: -124,
+    BAR_ABOVE: 553,
+    BAR_BELOW: -117,
     BAR_HIGH: 894,
     BAR_FAR: -512,
     INSIDE: 90,

@@ -14,7 +14,7 @@ from .places import BACK_ABOVE, BACK_BELOW, BACK_INSIDE, HEIGHTS
 from .sign import ABOVE, BELOW, INSIDE, Band, Mark, Place, Strokes
 
 # The heights between which the pen's middle moves for marks above, and the top of those below.
-FOOT, TOP = 665, 795
+FOOT, TOP = 674, 800
 CENTRE = HEIGHTS[ABOVE]
 BELOW_TOP = HEIGHTS[BELOW]
 # Dots and single strokes are written with the pen of the letters, what bends with a smaller one.
@@ -58,13 +58,13 @@ def fine(*strokes: Stroke) -> Tehta:
 
 ACUTE = curve((60, TOP + 18, -126), (4, 734, -123), (-54, FOOT - 14, -136))
 DOUBLE_ACUTE = fine(ACUTE).doubled(88)
-RIGHT_CURL = fine(curve((-34, FOOT - 22, 128), (-74, 744, 84), (10, TOP + 30, 0), (88, 762, -95), (34, 704, 170)))
+RIGHT_CURL = fine(curve((-32, FOOT - 26, 128), (-62, 746, 84), (8, TOP + 26, 0), (74, 764, -95), (26, 706, 170)))
 LEFT_CURL = fine(*mirrored(RIGHT_CURL.strokes, 0))
 RING_HALF = curve((0, BELOW_TOP + 8, 180), (-58, BELOW_TOP - 54, -90), (0, BELOW_TOP - 116, 0))
 
 SHAPES_ABOVE = {
-    "threedots": dots((-67, FOOT), (67, FOOT), (0, TOP - 6)),
-    "threedotsinverted": dots((-67, TOP - 6), (67, TOP - 6), (0, FOOT)),
+    "threedots": dots((-67, FOOT + 6), (67, FOOT + 6), (0, TOP)),
+    "threedotsinverted": dots((-67, TOP), (67, TOP), (0, FOOT + 6)),
     "dot": dots((0, CENTRE - 20)),
     "twodots": dots((-62, CENTRE - 20), (62, CENTRE - 20)),
     "acute": Tehta((ACUTE,)),
@@ -80,7 +80,7 @@ SHAPES_ABOVE = {
 SHAPES_BELOW = {
     "dot": dots((0, BELOW_TOP - 14)),
     "twodots": dots((-62, BELOW_TOP - 14), (62, BELOW_TOP - 14)),
-    "threedots": dots((-67, BELOW_TOP - 122), (67, BELOW_TOP - 122), (0, BELOW_TOP)),
+    "threedots": dots((-67, BELOW_TOP - 122), (67, BELOW_TOP - 122), (0, BELOW_TOP - 12)),
     "acute": Tehta((ACUTE,)).lowered(),
     "doubleacute": DOUBLE_ACUTE.scaled_about(0.84, BELOW_TOP - 60),
     "rightcurl": RIGHT_CURL.lowered(),
