@@ -34,9 +34,8 @@ void showText(QComboBox &list, const QString &text)
 /// The text on one line: what would start another, or shows as nothing, becomes a space.
 QString onOneLine(QString text)
 {
-    constexpr QChar firstPrinted(u' ');
     std::replace_if(
-        text.begin(), text.end(), [](QChar character) { return character < firstPrinted; }, u' ');
+        text.begin(), text.end(), [](QChar character) { return character < u' '; }, u' ');
     return text;
 }
 

@@ -1,8 +1,11 @@
+#include "editor/JournalFolder.h"
+#include "editor/RtfUndoJournal.h"
 #include "support/EditorFixture.h"
 #include "support/ModalDialog.h"
 
 #include <QFontDialog>
 #include <QRandomGenerator>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -331,16 +334,17 @@ private Q_SLOTS:
     void randomCommandsUndoneAndRedone();
 
 private:
-    static void randomCommand(EditorFixture &editor, QRandomGenerator &random);
+    static void randomCommand(RichTextBox &pane, FormatCommands &format, QRandomGenerator &random);
 };
 
-void tst_FormatCommands::randomCommand(EditorFixture &editor, QRandomGenerator &random)
+void tst_FormatCommands::randomCommand(RichTextBox &pane, FormatCommands &format,
+                                       QRandomGenerator &random)
 {
     const QString fonts[] = {QStringLiteral("DejaVu Sans"), QStringLiteral("Tengwar Quenya"),
                              QStringLiteral("Symbol")};
-    const int length = editor.source.TextLength();
-    editor.select(random.bounded(length + 1), random.bounded(3) == 0 ? 0 : random.bounded(length));
-    FormatCommands &format = editor.format;
+    const int length = pane.TextLength();
+    pane.setSelStart(random.bounded(length + 1));
+    pane.setSelLength(random.bounded(3) == 0 ? 0 : random.bounded(length));
     switch (random.bounded(11)) {
     case 0:
         return format.toggleBold();
@@ -375,25 +379,31 @@ void tst_FormatCommands::randomCommandsUndoneAndRedone()
     EditorFixture editor(QStringLiteral("One paragraph,\r\nanother with \u00a0 and \u00ad,\r\n\r\n"
                                         "a soft\vbreak\r\n\r\nand a last line"));
     const QString text = editor.source.Text();
-    constexpr int commands = 200;
-    for (int i = 0; i < commands; ++i)
-        randomCommand(editor, random);
-    QCOMPARE(editor.records(), commands);
-    QCOMPARE(editor.source.Text(), text);
+    const QTemporaryDir temporary;
+    const JournalFolder folder(temporary.filePath(QStringLiteral("program")),
+                               temporary.filePath(QStringLiteral("cache")));
+    RtfUndoJournal journal({editor.window, editor.source, editor.target, folder});
+    FormatCommands format(editor.state, editor.panes, journal);
 
-    QList<QByteArray> states = editor.journal.states;
-    states.append(editor.source.TextRTF());
-    for (qsizetype i = states.size() - 1; i >= 0; --i) {
-        editor.journal.restore(PaneCode::Source, states[i]);
+    constexpr int commands = 200;
+    QList<QByteArray> states;
+    for (int i = 0; i < commands; ++i) {
+        states += editor.source.TextRTF();
+        randomCommand(editor.source, format, random);
+        QCOMPARE(journal.UndoPos(PaneCode::Source), i + 1);
+    }
+    states += editor.source.TextRTF();
+
+    for (int i = commands - 1; i >= 0; --i) {
+        journal.UndoLast(PaneCode::Source);
         QCOMPARE(editor.source.TextRTF(), states[i]);
-        QCOMPARE(editor.source.Text(), text);
     }
-    editor.select(0, editor.source.TextLength());
-    QCOMPARE(editor.source.SelFormat().bold, false);
-    for (const QByteArray &state : states) {
-        editor.journal.restore(PaneCode::Source, state);
-        QCOMPARE(editor.source.TextRTF(), state);
+    QCOMPARE(editor.source.Text(), text);
+    for (int i = 1; i <= commands; ++i) {
+        journal.RedoLast(PaneCode::Source);
+        QCOMPARE(editor.source.TextRTF(), states[i]);
     }
+    QCOMPARE(editor.source.Text(), text);
 }
 
 QTEST_MAIN(tst_FormatCommands)
