@@ -40,6 +40,8 @@ void RichTextBox::showDocument(QTextDocument &document)
     textHasChanged();
     QTextDocument *former = this->document();
     if (former != &document) {
+        reportedAnchor_ = 0; // the new caret is told of below, once its format is right
+        reportedPosition_ = 0;
         setDocument(&document);
         former->deleteLater();                 // it may be what is telling of its change right now
         setTextCursor(QTextCursor(&document)); // the old one would type in the former format
