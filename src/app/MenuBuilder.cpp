@@ -44,6 +44,7 @@ QList<QAction *> buildMenus(QMenuBar &menuBar, std::span<const MenuEntry> table)
             open.push_back(addMenu(menuBar, above, entry));
             continue;
         }
+        Q_ASSERT(above);
         QAction *item = addItem(*above, entry);
         if (!item->isSeparator())
             items.append(item);

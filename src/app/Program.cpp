@@ -1,14 +1,17 @@
 #include "app/Program.h"
 
+#include "app/DocumentCommands.h"
 #include "app/Form1.h"
+#include "app/Subjects.h"
+#include "app/ToolCommands.h"
 #include "app/TranscriptionCommands.h"
 #include "app/WindowCommands.h"
 #include "app/WindowPlacement.h"
+#include "app/WritingCommands.h"
 #include "app/frmSplash.h"
 #include "editor/DefaultFonts.h"
 #include "editor/SettingKeys.h"
 #include "editor/StandardUnit.h"
-#include "engine/run/TranscriptionRun.h"
 #include "platform/FontList.h"
 #include "platform/RunCommand.h"
 
@@ -96,13 +99,13 @@ void Program::loadForm()
     form_ = std::make_unique<Form1>(state_);
     connectWindowCommands(*form_, state_);
     connect(form_.get(), &Form1::unloaded, this, &Program::unload);
-    run_ = std::make_unique<TranscriptionRun>(
-        state_,
-        TranscriptionRun::Parts{*form_, *form_->controls().rtbRoman, *form_->controls().rtbTengwar,
-                                journal_, form_->tmrStatus(), form_->tmrAutoGenerate()},
-        [this] { showModes(*form_, state_); });
-    connectTranscriptionCommands(*form_, state_, *run_);
-    form_->Load({*run_, documents_, journal_, format_}, fonts_);
+    subjects_ = std::make_unique<Subjects>(*form_, state_, stored_);
+    connectDocumentCommands(*form_, state_, *subjects_);
+    connectWritingCommands(*form_, state_, *subjects_);
+    connectTranscriptionCommands(*form_, state_, subjects_->run);
+    connectToolCommands(*form_, state_, stored_, fonts_, *subjects_);
+    form_->Load({subjects_->run, subjects_->documents, subjects_->journal, subjects_->indicator},
+                fonts_);
 }
 
 void Program::unload()
@@ -113,6 +116,6 @@ void Program::unload()
     stored_.write(SettingKey::Fonts, QStringLiteral("GenericRomanFont"), settings.GenericRomanFont);
     stored_.write(SettingKey::Fonts, QStringLiteral("GenericTengwarFont"),
                   settings.GenericTengwarFont);
-    runCommand(form_.get(), [this] { journal_.ClearUndoFiles(QStringLiteral("*")); });
+    runCommand(form_.get(), [this] { subjects_->journal.ClearUndoFiles(QStringLiteral("*")); });
     QCoreApplication::exit();
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/StandIns.h"
 #include "editor/SharedState.h"
 #include "editor/StoredSettings.h"
 
@@ -9,7 +8,7 @@
 #include <memory>
 
 class Form1;
-class TranscriptionRun;
+struct Subjects;
 
 /// The program from its start to its end. It owns what all others share.
 class Program final : public QObject
@@ -37,9 +36,6 @@ private:
     StoredSettings stored_;
     SharedState state_;
     QStringList fonts_;
-    EmptyDocuments documents_;
-    NoJournal journal_;
-    NoFormatDisplay format_;
     std::unique_ptr<Form1> form_;
-    std::unique_ptr<TranscriptionRun> run_;
+    std::unique_ptr<Subjects> subjects_;
 };

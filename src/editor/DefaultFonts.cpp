@@ -20,7 +20,7 @@ QString ChooseDefaultTengwarFont(const QStringList &installed)
 {
     static constexpr QStringView Wanted[] = {u"Tengwar Quenya", u"Tengwar Sindarin",
                                              u"Tengwar Noldor"};
-    if (const QString name = firstInstalled(Wanted, installed); !name.isEmpty())
+    if (QString name = firstInstalled(Wanted, installed); !name.isEmpty())
         return name;
     const auto last = std::find_if(installed.rbegin(), installed.rend(), [](const QString &name) {
         return name.contains(u"tengwa", Qt::CaseInsensitive);

@@ -2,14 +2,17 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QTimer>
 
 namespace {
 
 class FocusSelector final : public QObject
 {
 public:
-    explicit FocusSelector(QLineEdit &control) : QObject(&control), control_(control)
+    explicit FocusSelector(QLineEdit &control) : QObject(&control)
     {
+        selection_.setSingleShot(true);
+        connect(&selection_, &QTimer::timeout, &control, &QLineEdit::selectAll);
         control.installEventFilter(this);
     }
 
@@ -17,12 +20,12 @@ public:
     {
         // a click would set its caret after FocusIn and undo the selection, so it is made later
         if (event->type() == QEvent::FocusIn)
-            QMetaObject::invokeMethod(&control_, &QLineEdit::selectAll, Qt::QueuedConnection);
+            selection_.start(0);
         return false;
     }
 
 private:
-    QLineEdit &control_;
+    QTimer selection_;
 };
 
 } // namespace

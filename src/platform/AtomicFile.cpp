@@ -14,8 +14,6 @@ ErrorNumber writeFailure(const QFileDevice &file, const QString &path)
     const QFileInfo folder(target.absolutePath());
     if (!folder.isDir())
         return ErrorNumber::PathNotFound;
-    if (target.exists() && !target.isFile())
-        return ErrorNumber::PathFileAccess;
     if (!folder.isWritable() || (target.exists() && !target.isWritable()))
         return ErrorNumber::PermissionDenied;
     const bool isFull =
@@ -40,6 +38,9 @@ bool writeAll(QSaveFile &file, QByteArrayView bytes)
 
 void writeFile(const QString &path, QByteArrayView bytes)
 {
+    const QFileInfo target(path);
+    if (target.exists() && !target.isFile()) // the new file would take a device's place
+        throw RuntimeError(ErrorNumber::PathFileAccess, path);
     QSaveFile file(path);
     // commit() forgets why the last bytes could not be written, so they are written before it.
     if (!file.open(QIODevice::WriteOnly) || !writeAll(file, bytes) || !file.flush() ||

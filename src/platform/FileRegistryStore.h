@@ -5,9 +5,9 @@
 /// A registry store in two text files, one for each root; docs/settings.md describes their form.
 ///
 /// The user's file may be shared by several running programs: each access reads what is on disk,
-/// and each change merges one value into it under a lock. A file that can't be understood is set
-/// aside as NAME.damaged before the next change, and reads as far as it could be understood until
-/// then. Failures are never reported beyond the results of the calls.
+/// and each change merges one value into it under a lock. A file that can't be understood counts as
+/// empty, and is set aside as NAME.damaged before the next change. Failures are never reported
+/// beyond the results of the calls.
 class FileRegistryStore final : public RegistryStore
 {
 public:

@@ -5,6 +5,19 @@
 #include <QTextBlock>
 #include <algorithm>
 
+namespace {
+
+/// Replaces what the cursor selects by a text of that format.
+void replace(QTextCursor &cursor, const QString &text, const QTextCharFormat &format)
+{
+    cursor.beginEditBlock();
+    cursor.insertText(documentText(text), format);
+    keepFormatOfEmptyParagraph(cursor, format);
+    cursor.endEditBlock();
+}
+
+} // namespace
+
 RichTextBox::RichTextBox(QWidget *parent) : QTextEdit(parent)
 {
     setAcceptRichText(false);
@@ -28,7 +41,10 @@ void RichTextBox::showDocument(QTextDocument &document)
     QTextDocument *former = this->document();
     if (former != &document) {
         setDocument(&document);
-        former->deleteLater(); // it may be what is telling of its change right now
+        former->deleteLater();                 // it may be what is telling of its change right now
+        setTextCursor(QTextCursor(&document)); // the old one would type in the former format
+        format_.reset();
+        Q_EMIT selectionMoved();
     }
 }
 
@@ -54,12 +70,10 @@ int RichTextBox::TextLength() const
 
 void RichTextBox::setText(const QString &text)
 {
+    const QTextCharFormat format = firstFormat(*document());
     QTextCursor all(document());
-    all.movePosition(QTextCursor::NextCharacter);
-    const QTextCharFormat format = all.charFormat();
-    all.setPosition(0);
     all.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-    all.insertText(documentText(text), format);
+    replace(all, text, format);
     setSelStart(0);
 }
 
@@ -94,7 +108,7 @@ QString RichTextBox::SelText() const
 void RichTextBox::setSelText(const QString &text)
 {
     QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text), insertionFormat(cursor));
+    replace(cursor, text, insertionFormat(cursor));
     setTextCursor(cursor);
 }
 

@@ -88,6 +88,10 @@ public:
     /// the text or the selection changes.
     [[nodiscard]] const SelectionFormat &SelFormat() const;
 
+    /// Changes the attributes of all that is selected, each stretch from its own, or how the next
+    /// character typed looks where nothing is.
+    void formatSelection(const std::function<void(CharacterFormat &)> &change);
+
     /// Each sets one attribute of everything that is selected, or how the next character typed
     /// looks where nothing is.
     void setSelFontName(const QString &name);
@@ -168,7 +172,6 @@ private:
     void select(int start, int length);
     void showDocument(QTextDocument &document);
     void textHasChanged();
-    void formatSelection(const std::function<void(CharacterFormat &)> &change);
     [[nodiscard]] bool endsBullet(const QKeyEvent &event) const;
 
     QString tag_;

@@ -8,6 +8,7 @@
 #include "rtf/RtfWriter.h"
 #include <QAbstractTextDocumentLayout>
 #include <QPrinter>
+#include <QTextBlock>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <memory>
@@ -27,23 +28,36 @@ void fillFromRtf(QTextDocument &document, QByteArrayView bytes, const QString &p
     throw RuntimeError(isTooLarge ? ErrorNumber::OutOfMemory : ErrorNumber::DeviceIo, path);
 }
 
+/// Fills an empty document with a text that looks as the start of another document does.
+void fillFromText(QTextDocument &document, const QString &text, const QTextDocument &model)
+{
+    ParagraphFormat paragraph = ParagraphFormat::of(model.firstBlock().blockFormat());
+    paragraph.bullet = false;
+    QTextBlockFormat blockFormat;
+    paragraph.applyTo(blockFormat);
+    QTextCursor cursor(&document);
+    cursor.setBlockFormat(blockFormat);
+    cursor.insertText(documentText(text), firstFormat(model));
+}
+
 } // namespace
 
 void RichTextBox::LoadFile(const QString &path, std::optional<FileType> type)
 {
     const QByteArray bytes = readFile(path, largestFile);
     const bool isRichText = type ? *type == FileType::RichText : looksLikeRtf(bytes);
-    if (!isRichText) {
-        const DecodedText decoded = decodeText(bytes, textForm_);
-        textForm_ = decoded.form;
-        setText(decoded.text);
-        return;
-    }
     // Filled before it is shown, which is much faster and leaves the present content on failure.
     auto loaded = std::make_unique<QTextDocument>();
+    loaded->setUndoRedoEnabled(false);
     loaded->setDefaultFont(document()->defaultFont());
-    fillFromRtf(*loaded, bytes, path);
-    holdSoftHyphens(*loaded);
+    if (isRichText) {
+        fillFromRtf(*loaded, bytes, path);
+        holdSoftHyphens(*loaded);
+    } else {
+        const DecodedText decoded = decodeText(bytes, textForm_);
+        fillFromText(*loaded, decoded.text, *document());
+        textForm_ = decoded.form;
+    }
     showDocument(*loaded.release());
 }
 

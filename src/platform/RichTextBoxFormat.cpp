@@ -1,6 +1,7 @@
 #include "platform/RichTextBox.h"
 
 #include "engine/RuntimeError.h"
+#include <QTextBlock>
 #include <cmath>
 
 // The formatting of the selection.
@@ -23,6 +24,9 @@ void RichTextBox::formatSelection(const std::function<void(CharacterFormat &)> &
     CharacterFormat attributes = CharacterFormat::of(format, document()->defaultFont());
     change(attributes);
     attributes.applyTo(format);
+    // an empty paragraph keeps the look of what is typed into it also when the caret leaves it
+    if (cursor.block().length() == 1)
+        QTextCursor(cursor).setBlockCharFormat(format);
     setCurrentCharFormat(format);
     format_.reset();
     Q_EMIT selectionMoved();
@@ -67,7 +71,10 @@ void RichTextBox::setSelUnderline(bool underline)
 
 void RichTextBox::setSelCharOffset(int twips)
 {
-    formatSelection([&](CharacterFormat &format) { format.offset = twips; });
+    formatSelection([&](CharacterFormat &format) {
+        format.offset = twips;
+        format.script = Script::Baseline; // one that a file brought along would add to the offset
+    });
 }
 
 void RichTextBox::setSelAlignment(Alignment alignment)

@@ -1,5 +1,6 @@
 #include "platform/RichTextBox.h"
 
+#include "platform/PastedText.h"
 #include "platform/TextPosition.h"
 #include <QClipboard>
 #include <QDragMoveEvent>
@@ -84,14 +85,21 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
     Q_EMIT keyDown(key);
     if (key.swallowed || turnsDirection(*event))
         return;
-    if (const std::optional<ChangeReason> reason = changeReason(*event, *this))
-        Q_EMIT aboutToChange(*reason);
+    const std::optional<ChangeReason> reason = changeReason(*event, *this);
+    if (!reason) {
+        QTextEdit::keyPressEvent(event);
+        return;
+    }
+    Q_EMIT aboutToChange(*reason);
+    const QTextCharFormat format = insertionFormat(textCursor());
     if (endsBullet(*event))
         setSelBullet(false);
     else if (typesText(*event) && documentText(event->text()) != event->text())
         setSelText(event->text());
     else
         QTextEdit::keyPressEvent(event);
+    QTextCursor cursor = textCursor();
+    keepFormatOfEmptyParagraph(cursor, format);
 }
 
 bool RichTextBox::endsBullet(const QKeyEvent &event) const
@@ -185,5 +193,5 @@ bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)
 {
-    setSelText(source->text());
+    setSelText(pastedText(source->text()));
 }

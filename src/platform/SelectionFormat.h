@@ -45,3 +45,10 @@ void changeParagraphs(const QTextCursor &cursor,
 /// The format of what would replace the selection: that of its first character, or that at the
 /// caret.
 [[nodiscard]] QTextCharFormat insertionFormat(const QTextCursor &cursor);
+
+/// The format of a document's first character, or of what would be typed into it if it is empty.
+[[nodiscard]] QTextCharFormat firstFormat(const QTextDocument &document);
+
+/// Where the cursor's paragraph has become empty, makes what is typed into it look as `format`; a
+/// document itself forgets the look of deleted text.
+void keepFormatOfEmptyParagraph(QTextCursor &cursor, const QTextCharFormat &format);

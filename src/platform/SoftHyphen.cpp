@@ -8,8 +8,28 @@
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextObjectInterface>
+#include <optional>
 
 namespace {
+
+/// How a font shows U+00AD: with its own glyph, or with its hyphen where it has none.
+struct Shape
+{
+    QRawFont font;
+    quint32 glyph = 0;
+    QSizeF size; ///< above the baseline
+};
+
+Shape shapeIn(const QFont &font)
+{
+    Shape shape;
+    shape.font = QRawFont::fromFont(font);
+    const QChar shown = shape.font.supportsCharacter(softHyphen) ? softHyphen : QChar(u'-');
+    shape.glyph = shape.font.glyphIndexesForString(shown).value(0);
+    const QPointF advance = shape.font.advancesForGlyphIndexes({shape.glyph}).value(0);
+    shape.size = {advance.x(), shape.font.ascent()};
+    return shape;
+}
 
 /// Measures and draws one U+00AD in the font of its place.
 class SoftHyphenObject final : public QObject, public QTextObjectInterface
@@ -23,38 +43,44 @@ public:
     QSizeF intrinsicSize(QTextDocument *document, int position, const QTextFormat &format) override;
     void drawObject(QPainter *painter, const QRectF &place, QTextDocument *document, int position,
                     const QTextFormat &format) override;
+
+private:
+    const Shape &shape(const QTextDocument &document, const QTextFormat &format);
+
+    QFont font_;
+    std::optional<Shape> shape_; ///< in font_: neighbours mostly have the same font
 };
 
-QRawFont rawFont(const QTextDocument &document, const QTextFormat &format)
+const Shape &SoftHyphenObject::shape(const QTextDocument &document, const QTextFormat &format)
 {
-    const QFont font = format.toCharFormat().font().resolve(document.defaultFont());
-    QPaintDevice *device = document.documentLayout()->paintDevice();
-    return QRawFont::fromFont(device != nullptr ? QFont(font, device) : font);
-}
-
-/// The font's glyph for U+00AD, or its hyphen where it has none.
-quint32 glyph(const QRawFont &font)
-{
-    const QChar shown = font.supportsCharacter(softHyphen) ? softHyphen : QChar(u'-');
-    const QList<quint32> glyphs = font.glyphIndexesForString(shown);
-    return glyphs.isEmpty() ? 0 : glyphs.front();
+    QFont font = format.toCharFormat().font().resolve(document.defaultFont());
+    if (QPaintDevice *device = document.documentLayout()->paintDevice())
+        font = QFont(font, device);
+    if (!shape_ || font != font_) {
+        font_ = font;
+        shape_ = shapeIn(font);
+    }
+    return *shape_;
 }
 
 QSizeF SoftHyphenObject::intrinsicSize(QTextDocument *document, int /*position*/,
                                        const QTextFormat &format)
 {
-    const QRawFont font = rawFont(*document, format);
-    const QList<QPointF> advances = font.advancesForGlyphIndexes({glyph(font)});
-    return {advances.isEmpty() ? 0 : advances.front().x(), font.ascent()};
+    return shape(*document, format).size;
 }
 
 void SoftHyphenObject::drawObject(QPainter *painter, const QRectF &place, QTextDocument *document,
                                   int /*position*/, const QTextFormat &format)
 {
+    const Shape &shown = shape(*document, format);
     QGlyphRun run;
-    run.setRawFont(rawFont(*document, format));
-    run.setGlyphIndexes({glyph(run.rawFont())});
-    run.setPositions({QPointF(0, 0)});
+    run.setRawFont(shown.font);
+    run.setGlyphIndexes({shown.glyph});
+    // Layout shifts characters with a baseline offset, a percentage of their height, but no
+    // objects.
+    const double height = shown.font.ascent() + shown.font.descent();
+    const double rise = format.toCharFormat().baselineOffset() * height / 100;
+    run.setPositions({QPointF(0, -rise)});
     painter->save();
     if (format.hasProperty(QTextFormat::ForegroundBrush))
         painter->setPen(format.foreground().color());

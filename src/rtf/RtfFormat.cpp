@@ -163,7 +163,8 @@ int ParagraphFormat::textEdge() const
 {
     if (!bullet)
         return left;
-    return firstLine < 0 ? left : left + firstLine + bulletIndent;
+    constexpr int discRoom = 240; // the disc hangs left of the text and must not leave the page
+    return firstLine < 0 ? left : left + firstLine + std::max(bulletIndent, discRoom);
 }
 
 ParagraphFormat ParagraphFormat::of(const QTextBlockFormat &format)

@@ -2,14 +2,13 @@
 
 #include "engine/RuntimeError.h"
 #include "platform/OrdinaryUser.h"
+#include "support/FileSizeLimit.h"
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <csignal>
 #include <memory>
 #include <optional>
-#include <sys/resource.h>
 
 namespace {
 
@@ -23,24 +22,6 @@ template<typename Operation> std::optional<RuntimeError> errorOf(Operation opera
         return error;
     }
 }
-
-/// Lets the process write no file beyond a length, as a full disk would, for a while.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-    {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &former_);
-        const rlimit limit{bytes, former_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &former_); }
-    Q_DISABLE_COPY_MOVE(FileSizeLimit)
-
-private:
-    rlimit former_{};
-};
 
 constexpr QFile::Permissions readable = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup |
                                         QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;

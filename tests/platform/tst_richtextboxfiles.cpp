@@ -41,6 +41,7 @@ private Q_SLOTS:
     void loadingWhileAChangeIsReported();
     void formerDocumentsGo();
     void loadingKeepsTheDefaultFont();
+    void textLooksAsTheStartDid();
     void textKeepsItsForm_data();
     void textKeepsItsForm();
     void newTextTakesTheGivenForm();
@@ -195,6 +196,27 @@ void tst_RichTextBoxFiles::loadingKeepsTheDefaultFont()
     write("{\\rtf1 rich}");
     box.LoadFile(path_);
     QCOMPARE(box.document()->defaultFont().pointSize(), 33);
+}
+
+void tst_RichTextBoxFiles::textLooksAsTheStartDid()
+{
+    write("one\ntwo");
+    RichTextBox box;
+    box.setText(u"a\r\nb"_qs);
+    box.setSelLength(1);
+    box.setSelFontName(u"Some font"_qs);
+    box.setSelBullet(true);
+    box.setSelIndent(300);
+    box.LoadFile(path_);
+    box.selectAll();
+    QCOMPARE(box.SelFormat().fontName, u"Some font"_qs);
+    QCOMPARE(box.SelFormat().indent, 300);
+    QCOMPARE(box.SelFormat().bullet, false);
+    box.setText({});
+    QCOMPARE(box.SelFormat().fontName, u"Some font"_qs);
+    box.setText(u"three"_qs);
+    box.selectAll();
+    QCOMPARE(box.SelFormat().fontName, u"Some font"_qs);
 }
 
 void tst_RichTextBoxFiles::textKeepsItsForm_data()

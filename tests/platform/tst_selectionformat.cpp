@@ -151,6 +151,8 @@ private Q_SLOTS:
     void lookOfTheNextCharacter();
     void lookOfTheNextCharacterInAnEmptyText();
     void emptyParagraphsTakePart();
+    void emptiedTextKeepsItsLook_data();
+    void emptiedTextKeepsItsLook();
     void offsetsAreExact();
     void indents();
     void bulletsAppearAndGo();
@@ -279,6 +281,36 @@ void tst_SelectionFormat::emptyParagraphsTakePart()
     QCOMPARE(box.SelFormat().fontSize, 40.0);
     QTest::keyClicks(&box, u"x"_qs);
     QCOMPARE(box.SelFormat().fontSize, 40.0);
+}
+
+void tst_SelectionFormat::emptiedTextKeepsItsLook_data()
+{
+    QTest::addColumn<QList<Qt::Key>>("keys");
+    QTest::newRow("replaced") << QList<Qt::Key>();
+    QTest::newRow("Delete") << QList<Qt::Key>{Qt::Key_Delete};
+    QTest::newRow("Backspace") << QList<Qt::Key>{Qt::Key_Backspace};
+    QTest::newRow("one by one") << QList<Qt::Key>{Qt::Key_End, Qt::Key_Backspace,
+                                                  Qt::Key_Backspace};
+}
+
+void tst_SelectionFormat::emptiedTextKeepsItsLook()
+{
+    QFETCH(QList<Qt::Key>, keys);
+    RichTextBox box;
+    box.setText(u"ab"_qs);
+    box.selectAll();
+    box.setSelFontName(u"Some font"_qs);
+    box.setSelBold(true);
+    if (keys.isEmpty())
+        box.setSelText({});
+    for (const Qt::Key key : keys)
+        QTest::keyClick(&box, key);
+    QCOMPARE(box.Text(), QString());
+    QCOMPARE(box.SelFormat().fontName, u"Some font"_qs);
+    QTest::keyClicks(&box, u"x"_qs);
+    box.selectAll();
+    QCOMPARE(box.SelFormat().fontName, u"Some font"_qs);
+    QCOMPARE(box.SelFormat().bold, true);
 }
 
 void tst_SelectionFormat::offsetsAreExact()

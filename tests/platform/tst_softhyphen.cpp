@@ -20,16 +20,22 @@ QImage picture(RichTextBox &box)
     return image;
 }
 
-/// Whether anything is drawn between two horizontal places of the first line, in pixels.
-bool hasInk(const QImage &image, double from, double to)
+/// The highest row in which anything is drawn between two horizontal places of the first line, in
+/// pixels; -1 if nothing is.
+int highestInk(const QImage &image, double from, double to)
 {
     for (int y = 0; y < image.height(); ++y) {
         for (int x = int(from) + 1; x < int(to); ++x) {
             if (qGray(image.pixel(x, y)) < 128)
-                return true;
+                return y;
         }
     }
-    return false;
+    return -1;
+}
+
+bool hasInk(const QImage &image, double from, double to)
+{
+    return highestInk(image, from, to) >= 0;
 }
 
 } // namespace
@@ -44,6 +50,7 @@ private Q_SLOTS:
     void isDrawn();
     void isDrawnInItsColour();
     void followsItsFont();
+    void risesWithItsOffset();
     void breaksNoLineByItself();
 
 private:
@@ -105,6 +112,18 @@ void tst_SoftHyphen::followsItsFont()
     box_->setFontPointSize(60);
     QCOMPARE(box_->Text(), u"a\xADz"_qs);
     QVERIFY(std::abs((edge(2) - edge(1)) / before - 2) < 0.1);
+}
+
+void tst_SoftHyphen::risesWithItsOffset()
+{
+    box_->setText(u"A-\xAD"_qs);
+    box_->setSelStart(1);
+    box_->setSelLength(2);
+    box_->setSelCharOffset(200);
+    const QImage raised = picture(*box_);
+    const int hyphen = highestInk(raised, edge(1), edge(2));
+    QVERIFY(hyphen >= 0);
+    QVERIFY(std::abs(highestInk(raised, edge(2), edge(3)) - hyphen) <= 1);
 }
 
 void tst_SoftHyphen::breaksNoLineByItself()

@@ -1,5 +1,6 @@
 #include "engine/source/ExpandRules.h"
 
+#include "engine/CodePage.h"
 #include "engine/ModeTable.h"
 #include "engine/source/ComposeSigns.h"
 
@@ -82,10 +83,13 @@ private:
     Bindings bindings_;
     QByteArray roman_;
     bool hasLetter_ = false;
+    bool isEnded_ = false; ///< a rule that does not fit is found once, and there is a most of all
 };
 
 void LineExpander::expandPattern(size_t part)
 {
+    if (isEnded_)
+        return;
     if (part == rule_.pattern.size()) {
         expandConditions();
         return;
@@ -119,6 +123,8 @@ void LineExpander::expandConditions()
     const Bindings bindings = bindings_;
     for (const ConditionChoice &after : afterChoices) {
         for (const ConditionChoice &before : beforeChoices) {
+            if (isEnded_)
+                return;
             for (const ConditionChoice *choice : {&after, &before}) {
                 if (choice->entry != nullptr)
                     bindings_.insert(choice->table, choice->entry);
@@ -165,8 +171,10 @@ void LineExpander::emitRule(const ConditionChoice &after, const ConditionChoice 
     hasLetter_ = false;
     addSigns(rule_.signs, after.known, composer);
     const QByteArray codes = composer.codes();
-    result_.records.push_back({rule_.line, ModeRule{roman_, codes, before.field, after.field,
-                                                    leavesTag(after, composer)}});
+    const ModeRule rule{roman_, codes, before.field, after.field, leavesTag(after, composer)};
+    result_.records.push_back({rule_.line, rule});
+    isEnded_ =
+        textLength(rule) > maximumTextLengthOfRule || result_.records.size() > maximumRecords;
 }
 
 void LineExpander::addSigns(const SignList &signs, const std::optional<KnownForm> &known,
@@ -184,7 +192,7 @@ void LineExpander::addSigns(const SignList &signs, const std::optional<KnownForm
                 addSigns(entry->signs, known, composer);
             else
                 fail(QStringLiteral("the table '%1' is not named in front of '->'")
-                         .arg(QString::fromLatin1(group->table)));
+                         .arg(fromCodePage(group->table)));
         } else {
             const Mark &mark = *std::get<const Mark *>(sign);
             const bool isPlaced = hasLetter_ || (known && isTold(*known, mark.kind));
@@ -205,7 +213,7 @@ QByteArray LineExpander::leavesTag(const ConditionChoice &after, const SignCompo
         fail(QStringLiteral("there is no letter whose form could be left"));
         return {};
     }
-    const QByteArray text = tagText(tag, *composer.form());
+    QByteArray text = tagText(tag, *composer.form());
     forms_.insert({text, KnownForm{tag.kind, *composer.form(), tag.suffix}});
     return text;
 }
@@ -225,11 +233,10 @@ ExpandedRules expandOnce(const ModeSource &source, KnownForms &forms)
             result.records.push_back({raw->line, raw->bytes});
         else
             LineExpander(source, std::get<RuleLine>(statement), forms, result).expand();
-        if (result.records.size() > size_t(ModeTable::maximumRules)) {
+        if (result.records.size() > maximumRecords) {
             const int line = result.records.back().place;
             result.problems.append(
-                {line,
-                 QStringLiteral("a mode holds at most %1 rules").arg(ModeTable::maximumRules)});
+                {line, QStringLiteral("a source has at most %1 records").arg(maximumRecords)});
             break;
         }
     }

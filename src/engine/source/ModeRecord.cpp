@@ -1,15 +1,10 @@
 #include "engine/source/ModeRecord.h"
 
-#include "engine/LoadMode.h"
-
 namespace {
 
 constexpr char fieldEnd = '\t';
-constexpr qsizetype fieldCount = 5;
 
 } // namespace
-
-const qsizetype maximumTextLengthOfRule = RuleRecordLength - fieldCount;
 
 qsizetype textLength(const ModeRule &rule)
 {
@@ -30,7 +25,7 @@ std::optional<ModeRule> ruleOfRecord(const QByteArray &record)
 {
     const bool isSkipped = record.isEmpty() || static_cast<uchar>(record.front()) <= fieldEnd;
     const QByteArrayList fields = record.split(fieldEnd);
-    if (isSkipped || record.size() < RuleRecordLength || fields.size() <= fieldCount)
+    if (isSkipped || record.size() < RuleRecordLength || fields.size() <= fieldsOfRule)
         return std::nullopt;
     return ModeRule{fields[0], fields[1], fields[2], fields[3], fields[4]};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "engine/LoadMode.h"
+
 #include <QByteArray>
 
 #include <optional>
@@ -27,8 +29,11 @@ struct ModeRecord
 /// The length of the five texts of a rule together, in bytes.
 [[nodiscard]] qsizetype textLength(const ModeRule &rule);
 
+/// The texts of a rule, each of which a TAB ends.
+inline constexpr qsizetype fieldsOfRule = 5;
+
 /// The most bytes that the five texts of a rule may have together: a record holds their TABs too.
-extern const qsizetype maximumTextLengthOfRule;
+inline constexpr qsizetype maximumTextLengthOfRule = RuleRecordLength - fieldsOfRule;
 
 /// The bytes of a rule's record; its texts must fit.
 [[nodiscard]] QByteArray recordOfRule(const ModeRule &rule, char padding);

@@ -11,6 +11,10 @@
 
 /// The parts of a mode source as they were written, before the rules are generated.
 
+/// The most records that a source may have, and the most entries of a table: far beyond what a
+/// mode can use, so that a slip in a source ends in words and not in want of memory.
+inline constexpr size_t maximumRecords = 100'000;
+
 /// Stands for the signs of the entry that the table of that name is at.
 struct GroupReference
 {

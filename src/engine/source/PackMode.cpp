@@ -21,6 +21,17 @@ QList<SourceProblem> findShortRecords(const std::vector<ModeRecord> &records)
     return problems;
 }
 
+QList<SourceProblem> findRulesTooMany(const std::vector<ModeRecord> &records)
+{
+    qsizetype rules = 0;
+    for (const ModeRecord &record : records) {
+        if (ruleOf(record) && ++rules > ModeTable::maximumRules)
+            return {{record.place,
+                     QStringLiteral("a mode holds at most %1 rules").arg(ModeTable::maximumRules)}};
+    }
+    return {};
+}
+
 QByteArray bytesOf(const ModeRecord &record, char padding)
 {
     const auto *rule = std::get_if<ModeRule>(&record.content);
@@ -39,8 +50,11 @@ PackedMode packMode(const QString &source)
     const QByteArray header = parsed.source.header.value_or(QByteArray());
     ExpandedRules expanded = expandRules(parsed.source);
     packed.records = std::move(expanded.records);
+    packed.problems = std::move(expanded.problems);
+    if (!packed.problems.isEmpty())
+        return packed;
     packed.problems =
-        expanded.problems + findShortRecords(packed.records) +
+        findShortRecords(packed.records) + findRulesTooMany(packed.records) +
         findRuleFaults(packed.records, headerCaseMode(header), QStringLiteral("line"));
     std::ranges::stable_sort(packed.problems, {}, &SourceProblem::line);
     if (!packed.problems.isEmpty())

@@ -27,12 +27,19 @@
 
 #include "engine/source/ParseModeSource.h"
 
+#include "engine/CodePage.h"
+#include "engine/CodedText.h"
 #include "engine/LoadMode.h"
+
+#include <algorithm>
 
 namespace {
 
 using Kind = SourceToken::Kind;
 using Tokens = QList<SourceToken>;
+
+/// On which side of the text a condition looks.
+enum class Side { After, Before };
 
 class Parser
 {
@@ -42,8 +49,7 @@ public:
         for (const QStringView line : QStringView(text).tokenize(u'\n')) {
             ++line_;
             QString problem;
-            const TokenizedLine tokens =
-                tokenizeSourceLine(line.trimmed().isEmpty() ? u"" : line, problem);
+            const TokenizedLine tokens = tokenizeSourceLine(line, problem);
             if (!problem.isEmpty())
                 fail(problem);
             else if (!tokens.tokens.isEmpty())
@@ -67,8 +73,8 @@ private:
     void readUnused(const Tokens &tokens);
     void readRule(const Tokens &tokens);
     std::vector<PatternItem> readPattern(const Tokens &tokens);
-    std::vector<SourceCondition> readConditions(const Tokens &tokens, const char *boundary);
-    std::optional<SourceCondition> readCondition(const Tokens &tokens, const char *boundary);
+    std::vector<SourceCondition> readConditions(const Tokens &tokens, Side side);
+    std::optional<SourceCondition> readCondition(const Tokens &tokens, Side side);
     SignList readSigns(const Tokens &tokens);
     std::variant<QByteArray, FormTag> readTag(const Tokens &tokens);
     const SourceTable *table(const QByteArray &name);
@@ -84,7 +90,7 @@ private:
 
 QString shown(const QByteArray &text)
 {
-    return QString::fromLatin1(text);
+    return fromCodePage(text);
 }
 
 /// Cuts at each token of that kind; there is always one part more than cuts.
@@ -107,7 +113,7 @@ Tokens takeUntil(Tokens &tokens, const char *word)
     qsizetype length = 0;
     while (length < tokens.size() && !tokens.at(length).isWord(word))
         ++length;
-    const Tokens taken = tokens.first(length);
+    Tokens taken = tokens.first(length);
     tokens.remove(0, qMin(length + 1, tokens.size()));
     return taken;
 }
@@ -177,6 +183,8 @@ void Parser::readMode(const Tokens &tokens)
                  .arg(maximumComment));
     else if (tokens.first().text.contains('\t'))
         fail(QStringLiteral("the comment holds a TAB, which would end it"));
+    else if (comment_)
+        fail(QStringLiteral("there is already a 'mode' line"));
     else
         comment_ = tokens.first().text;
 }
@@ -246,7 +254,10 @@ void Parser::readEntry(const Tokens &tokens)
         if (const SourceTable *other = table(tokens.first().text)) {
             const SourceTable entries = *other;
             SourceTable &open = result_.source.tables[openTable_];
-            open.insert(open.end(), entries.begin(), entries.end());
+            if (open.size() + entries.size() > maximumRecords)
+                fail(QStringLiteral("a table has at most %1 entries").arg(maximumRecords));
+            else
+                open.insert(open.end(), entries.begin(), entries.end());
         }
         return;
     }
@@ -275,12 +286,14 @@ void Parser::readRaw(const Tokens &tokens)
 
 void Parser::readUnused(const Tokens &tokens)
 {
-    constexpr int maximumUnused = 1'000'000;
     bool isNumber = false;
     const int count = tokens.size() == 1 ? tokens.first().text.toInt(&isNumber) : 0;
-    if (!isNumber || count < 1 || count > maximumUnused) {
-        fail(QStringLiteral("'unused' is followed by a number of records, 1 to %1")
-                 .arg(maximumUnused));
+    if (!isNumber || count < 1) {
+        fail(QStringLiteral("'unused' is followed by a number of records"));
+        return;
+    }
+    if (result_.source.statements.size() + static_cast<size_t>(count) > maximumRecords) {
+        fail(QStringLiteral("a source has at most %1 records").arg(maximumRecords));
         return;
     }
     const RawRecord record{line_, QByteArray(RuleRecordLength, '\0')};
@@ -307,9 +320,9 @@ void Parser::readRule(const Tokens &tokens)
     const Tokens signs = takeUntil(right, "leaving");
     RuleLine rule{line_, readPattern(pattern), {}, {}, readSigns(signs), QByteArray()};
     if (pattern.size() < left.size())
-        rule.after = readConditions(after, "start");
+        rule.after = readConditions(after, Side::After);
     if (left.size() < sides.first().size())
-        rule.before = readConditions(before, "end");
+        rule.before = readConditions(before, Side::Before);
     if (hasTag)
         rule.leaving = readTag(right);
     if (result_.problems.size() == problems)
@@ -329,26 +342,28 @@ std::vector<PatternItem> Parser::readPattern(const Tokens &tokens)
     }
     if (tokens.isEmpty())
         fail(QStringLiteral("a rule begins with the text that it matches"));
+    if (tokens.size() > maximumWindow)
+        fail(QStringLiteral("a rule matches at most %1 characters").arg(maximumWindow));
     return pattern;
 }
 
-std::vector<SourceCondition> Parser::readConditions(const Tokens &tokens, const char *boundary)
+std::vector<SourceCondition> Parser::readConditions(const Tokens &tokens, Side side)
 {
     std::vector<SourceCondition> conditions;
     const QList<Tokens> alternatives = split(tokens, Kind::Bar);
     for (const Tokens &alternative : alternatives) {
-        if (std::optional<SourceCondition> condition = readCondition(alternative, boundary))
+        if (std::optional<SourceCondition> condition = readCondition(alternative, side))
             conditions.push_back(std::move(*condition));
     }
     return conditions;
 }
 
-std::optional<SourceCondition> Parser::readCondition(const Tokens &tokens, const char *boundary)
+std::optional<SourceCondition> Parser::readCondition(const Tokens &tokens, Side side)
 {
-    const bool isAfter = QLatin1String(boundary) == QLatin1String("start");
+    const bool isAfter = side == Side::After;
     if (isAfter && formTag(tokens))
         return *formTag(tokens);
-    if (tokens.size() == 1 && tokens.first().isWord(boundary))
+    if (tokens.size() == 1 && tokens.first().isWord(isAfter ? "start" : "end"))
         return Boundary();
     if (tokens.size() == 1 && tokens.first().kind == Kind::Group)
         return table(tokens.first().text)

@@ -31,9 +31,9 @@ QString headerText(const QByteArray &header)
 {
     const qsizetype tab = header.indexOf('\t');
     const QByteArray number = tab < 0 ? QByteArray() : header.mid(tab + 1, 2).trimmed();
-    const QString lines = QStringLiteral("mode %1\ncase %2\n")
-                              .arg(quotedSourceText(header.first(qMax<qsizetype>(tab, 0))),
-                                   QString::fromLatin1(number));
+    QString lines = QStringLiteral("mode %1\ncase %2\n")
+                        .arg(quotedSourceText(header.first(qMax<qsizetype>(tab, 0))),
+                             QString::fromLatin1(number));
     const ParsedModeSource parsed = parseModeSource(lines);
     if (parsed.problems.isEmpty() && parsed.source.header == header)
         return lines;

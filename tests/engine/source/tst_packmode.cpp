@@ -11,12 +11,24 @@ class tst_PackMode : public QObject
 private Q_SLOTS:
     void generatesRules_data();
     void generatesRules();
-    void refuses_data();
-    void refuses();
+    void refusesTokens_data();
+    void refusesTokens();
+    void refusesStatements_data();
+    void refusesStatements();
+    void refusesTables_data();
+    void refusesTables();
+    void refusesRules_data();
+    void refusesRules();
+    void refusesRecords_data();
+    void refusesRecords();
+    void refusesDeadRules_data();
+    void refusesDeadRules();
     void header_data();
     void header();
     void padding();
     void reportsEveryProblem();
+    void tooManyRules();
+    void tablesStayBounded();
 };
 
 namespace {
@@ -56,6 +68,27 @@ QStringList problemsOf(const PackedMode &packed)
     for (const SourceProblem &problem : packed.problems)
         problems.append(QStringLiteral("%1: %2").arg(problem.line).arg(problem.message));
     return problems;
+}
+
+void addRefusalColumns()
+{
+    QTest::addColumn<QString>("source");
+    QTest::addColumn<QString>("problem");
+}
+
+void addRefusal(const char *source, const char *problem)
+{
+    QTest::newRow(problem) << QString::fromUtf8(source) << QString::fromUtf8(problem);
+}
+
+/// The source of the running row is refused with just that problem.
+void verifyRefusal()
+{
+    QFETCH(const QString, source);
+    QFETCH(const QString, problem);
+    const PackedMode packed = packMode(modeLine + source);
+    QCOMPARE(problemsOf(packed), QStringList(problem));
+    QVERIFY(packed.bytes.isEmpty());
 }
 
 } // namespace
@@ -125,98 +158,141 @@ void tst_PackMode::generatesRules()
     QCOMPARE(rulesOf(packed), rules);
 }
 
-void tst_PackMode::refuses_data()
+void tst_PackMode::refusesTokens_data()
 {
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("problem");
-    const auto row = [](const char *source, const char *problem) {
-        QTest::newRow(problem) << QString::fromUtf8(source) << QString::fromUtf8(problem);
-    };
-
-    // Tokens
-    row("\"a -> tinco", "2: the quotation mark is not closed");
-    row("\"a\\n\" -> tinco", "2: only \\\", \\\\ and \\x with two hexadecimal digits are escapes");
-    row("\"\\x4\" -> tinco", "2: \\x is followed by two hexadecimal digits");
-    row("ŷ -> tinco", "2: 'ŷ' is not in code page 1252");
-    row("< -> tinco",
-        "2: '<' begins the name of a table, ended by '>'; a lone '<' stands in quotes");
-    row("a : b -> tinco", "2: ',', '|' and ':' stand in quotes where a text is meant");
-
-    // Statements
-    row("mode \"Twice\"\nheader \"x\"", "1: a source has either a 'mode' line or a 'header' line");
-    row("mode", "2: 'mode' is followed by the comment in quotes");
-    row("mode \"1234567890123456789012345678901234\"",
-        "2: the comment has 34 characters; a header holds 33");
-    row("mode \"a\\x09b\"", "2: the comment holds a TAB, which would end it");
-    row("case", "2: 'case' is followed by 'fold', 'exact' or a number of two characters");
-    row("padding spaces", "2: 'padding' is followed by 'blanks' or 'zeros'");
-    row("raw x", "2: 'raw' is followed by a record in quotes");
-    row("raw \"1234567890123456789012345678901234567\"", "2: a record holds 36 bytes");
-    row("raw \"short\"\na -> tinco", "2: only the last record may be shorter than 36 bytes");
-    row("unused 0", "2: 'unused' is followed by a number of records, 1 to 1000000");
-    row("nonsense", "2: a rule has one '->'; this line is no statement either");
-    row("  a tinco", "2: an indented line belongs to a table, and there is none above it");
-
-    // Tables
-    row("table c t", "2: 'table' is followed by a name and ':'");
-    row("table c: t\ntable c: d", "3: there is already a table 'c'");
-    row("table c: t tinko", "2: there is no sign 'tinko'");
-    row("table c: <d>", "2: there is no table 'd' above this line");
-    row("table c: t, , d", "2: an entry of a table begins with a text");
-    row("table c: t\ntable d: x <c>", "3: the signs of an entry can't come from another table");
-
-    // Rules
-    row("-> tinco", "2: a rule begins with the text that it matches");
-    row("<c> -> tinco", "2: there is no table 'c' above this line");
-    row("a -> tinco -> ando", "2: a rule has one '->'; this line is no statement either");
-    row("a after -> tinco", "2: 'after' takes 'start', 'head', 'foot', a tag or a table");
-    row("a before end | -> tinco", "2: 'before' takes 'end', a character or a table");
-    row("a -> tinco leaving", "2: 'leaving' takes 'head', 'foot' or a tag");
-    row("table c: t tinco\na -> <c>", "3: the table 'c' is not named in front of '->'");
-    row("a -> acute", "2: there is no letter that 'acute' could sit on");
-    row("a -> space acute", "2: there is no letter that 'acute' could sit on");
-    row("t -> tinco leaving head\na after head -> dot-below",
-        "3: there is no letter that 'dot-below' could sit on");
-    row("a -> space leaving foot", "2: there is no letter whose form could be left");
-
-    // Records
-    row("\"\" -> tinco", "2: a record that begins with nothing is no rule");
-    row("\"\\x09a\" -> tinco", "2: a record that begins with \"\\x09a\" is no rule");
-    row("a -> \"\\x09\"", "2: a TAB would end the text \"\\x09\"");
-    row("abc -> \"12345678901234567890\" leaving 123456789",
-        "2: the texts of the rule for \"abc\" have 32 characters; a record holds 31");
-
-    // Rules that can never fire
-    row("12345678901234567 -> tinco", "2: the rule for \"12345678901234567\" can never fire: it "
-                                      "has 17 characters, and at most 16 "
-                                      "are compared");
-    row("\"\\x0D\" -> tinco",
-        "2: the rule for \"\\x0D\" can never fire: a lone control character passes unchanged");
-    row("A -> tinco",
-        "2: the rule for \"A\" can never fire: the text is folded to lower case first");
-    row("a before B -> tinco", "2: the rule for \"a\" can never fire: the following character is "
-                               "folded to lower case first");
-    row("a before bc -> tinco",
-        "2: the rule for \"a\" can never fire: only one following character is looked at");
-    row("a after x -> tinco", "2: the rule for \"a\" can never fire: no rule leaves the tag \"x\"");
-    row("a -> tinco\na -> ando", "3: the rule for \"a\" repeats that of line 2");
-    row("a -> tinco\na before end -> ando",
-        "3: the rule for \"a\" can never fire: that of line 2 comes first");
-    row("a before end -> tinco\na before \"!\" -> ando",
-        "3: the rule for \"a\" can never fire: that of line 2 comes first");
-    row("x -> tinco leaving \" \"\na after start -> tinco\na after \" \" before end -> ando",
-        "4: the rule for \"a\" can never fire: that of line 3 comes first");
-    row("raw \"a\\x091\\x09\\x09\\x09\\x0912345678901234567890123456789\"\na -> tinco",
-        "3: the rule for \"a\" repeats that of line 2");
+    addRefusalColumns();
+    addRefusal("\"a -> tinco", "2: the quotation mark is not closed");
+    addRefusal("\"a\\n\" -> tinco",
+               "2: only \\\", \\\\ and \\x with two hexadecimal digits are escapes");
+    addRefusal("\"\\x4\" -> tinco", "2: \\x is followed by two hexadecimal digits");
+    addRefusal("ŷ -> tinco", "2: 'ŷ' is not in code page 1252");
+    addRefusal("< -> tinco",
+               "2: '<' begins the name of a table, ended by '>'; a lone '<' stands in quotes");
+    addRefusal("a : b -> tinco", "2: ',', '|' and ':' stand in quotes where a text is meant");
 }
 
-void tst_PackMode::refuses()
+void tst_PackMode::refusesTokens()
 {
-    QFETCH(const QString, source);
-    QFETCH(const QString, problem);
-    const PackedMode packed = packMode(modeLine + source);
-    QCOMPARE(problemsOf(packed), QStringList(problem));
-    QVERIFY(packed.bytes.isEmpty());
+    verifyRefusal();
+}
+
+void tst_PackMode::refusesStatements_data()
+{
+    addRefusalColumns();
+    addRefusal("header \"x\"", "1: a source has either a 'mode' line or a 'header' line");
+    addRefusal("mode \"Twice\"", "2: there is already a 'mode' line");
+    addRefusal("mode", "2: 'mode' is followed by the comment in quotes");
+    addRefusal("mode \"1234567890123456789012345678901234\"",
+               "2: the comment has 34 characters; a header holds 33");
+    addRefusal("mode \"a\\x09b\"", "2: the comment holds a TAB, which would end it");
+    addRefusal("case", "2: 'case' is followed by 'fold', 'exact' or a number of two characters");
+    addRefusal("padding spaces", "2: 'padding' is followed by 'blanks' or 'zeros'");
+    addRefusal("raw x", "2: 'raw' is followed by a record in quotes");
+    addRefusal("raw \"1234567890123456789012345678901234567\"", "2: a record holds 36 bytes");
+    addRefusal("raw \"short\"\na -> tinco", "2: only the last record may be shorter than 36 bytes");
+    addRefusal("unused 0", "2: 'unused' is followed by a number of records");
+    addRefusal("unused 99999\nunused 2", "3: a source has at most 100000 records");
+    addRefusal("nonsense", "2: a rule has one '->'; this line is no statement either");
+    addRefusal("  a tinco", "2: an indented line belongs to a table, and there is none above it");
+}
+
+void tst_PackMode::refusesStatements()
+{
+    verifyRefusal();
+}
+
+void tst_PackMode::refusesTables_data()
+{
+    addRefusalColumns();
+    addRefusal("table c t", "2: 'table' is followed by a name and ':'");
+    addRefusal("table c: t\ntable c: d", "3: there is already a table 'c'");
+    addRefusal("table c: t tinko", "2: there is no sign 'tinko'");
+    addRefusal("table c: <d>", "2: there is no table 'd' above this line");
+    addRefusal("table c: t, , d", "2: an entry of a table begins with a text");
+    addRefusal("table c: t\ntable d: x <c>",
+               "3: the signs of an entry can't come from another table");
+}
+
+void tst_PackMode::refusesTables()
+{
+    verifyRefusal();
+}
+
+void tst_PackMode::refusesRules_data()
+{
+    addRefusalColumns();
+    addRefusal("-> tinco", "2: a rule begins with the text that it matches");
+    addRefusal("<c> -> tinco", "2: there is no table 'c' above this line");
+    addRefusal("a -> tinco -> ando", "2: a rule has one '->'; this line is no statement either");
+    addRefusal("a b c d e f g h i j k l m n o p q -> tinco",
+               "2: a rule matches at most 16 characters");
+    addRefusal("table d: 0, 1, 2, 3, 4, 5, 6, 7, 8, 9\ntable e: <d>\ntable f: <d>\ntable g: <d>\n"
+               "table h: <d>\ntable i: <d>\n<d> <e> <f> <g> <h> <i> ->",
+               "8: a source has at most 100000 records");
+    addRefusal("a after -> tinco", "2: 'after' takes 'start', 'head', 'foot', a tag or a table");
+    addRefusal("a before end | -> tinco", "2: 'before' takes 'end', a character or a table");
+    addRefusal("a -> tinco leaving", "2: 'leaving' takes 'head', 'foot' or a tag");
+    addRefusal("table c: t tinco\na -> <c>", "3: the table 'c' is not named in front of '->'");
+    addRefusal("a -> acute", "2: there is no letter that 'acute' could sit on");
+    addRefusal("a -> space acute", "2: there is no letter that 'acute' could sit on");
+    addRefusal("t -> tinco leaving head\na after head -> dot-below",
+               "3: there is no letter that 'dot-below' could sit on");
+    addRefusal("a -> space leaving foot", "2: there is no letter whose form could be left");
+}
+
+void tst_PackMode::refusesRules()
+{
+    verifyRefusal();
+}
+
+void tst_PackMode::refusesRecords_data()
+{
+    addRefusalColumns();
+    addRefusal("\"\" -> tinco", "2: a record that begins with nothing is no rule");
+    addRefusal("\"\\x09a\" -> tinco", "2: a record that begins with \"\\x09a\" is no rule");
+    addRefusal("a -> \"\\x09\"", "2: a TAB would end the text \"\\x09\"");
+    addRefusal("abc -> \"12345678901234567890\" leaving 123456789",
+               "2: the texts of the rule for \"abc\" have 32 characters; a record holds 31");
+}
+
+void tst_PackMode::refusesRecords()
+{
+    verifyRefusal();
+}
+
+void tst_PackMode::refusesDeadRules_data()
+{
+    addRefusalColumns();
+    addRefusal("12345678901234567 -> tinco",
+               "2: the rule for \"12345678901234567\" can never fire: it "
+               "has 17 characters, and at most 16 "
+               "are compared");
+    addRefusal(
+        "\"\\x0D\" -> tinco",
+        "2: the rule for \"\\x0D\" can never fire: a lone control character passes unchanged");
+    addRefusal("A -> tinco",
+               "2: the rule for \"A\" can never fire: the text is folded to lower case first");
+    addRefusal("a before B -> tinco",
+               "2: the rule for \"a\" can never fire: the following character is "
+               "folded to lower case first");
+    addRefusal("a before bc -> tinco",
+               "2: the rule for \"a\" can never fire: only one following character is looked at");
+    addRefusal("a after x -> tinco",
+               "2: the rule for \"a\" can never fire: no rule leaves the tag \"x\"");
+    addRefusal("a -> tinco\na -> ando", "3: the rule for \"a\" repeats that of line 2");
+    addRefusal("a -> tinco\na before end -> ando",
+               "3: the rule for \"a\" can never fire: that of line 2 comes first");
+    addRefusal("a before end -> tinco\na before \"!\" -> ando",
+               "3: the rule for \"a\" can never fire: that of line 2 comes first");
+    addRefusal("x -> tinco leaving \" \"\na after start -> tinco\na after \" \" before end -> ando",
+               "4: the rule for \"a\" can never fire: that of line 3 comes first");
+    addRefusal("raw \"a\\x091\\x09\\x09\\x09\\x0912345678901234567890123456789\"\na -> tinco",
+               "3: the rule for \"a\" repeats that of line 2");
+}
+
+void tst_PackMode::refusesDeadRules()
+{
+    verifyRefusal();
 }
 
 void tst_PackMode::header_data()
@@ -260,6 +336,27 @@ void tst_PackMode::reportsEveryProblem()
     const PackedMode packed = packMode(modeLine + QStringLiteral("a -> tinko\n\nb -> andoo"));
     QCOMPARE(problemsOf(packed),
              list({"2: there is no sign 'tinko'", "4: there is no sign 'andoo'"}));
+}
+
+void tst_PackMode::tooManyRules()
+{
+    QString source = modeLine + QStringLiteral("table d: 0, 1, 2, 3, 4, 5, 6, 7, 8, 9\n");
+    for (const QChar table : QStringLiteral("efg"))
+        source += QStringLiteral("table %1: <d>\n").arg(table);
+    const QString tenThousand = QStringLiteral("<d> <e> <f> <g> %1 ->\n");
+    for (const QChar ending : QStringLiteral("abc"))
+        source += tenThousand.arg(ending);
+    QCOMPARE(problemsOf(packMode(source)), QStringList());
+    source += tenThousand.arg(u'd');
+    QCOMPARE(problemsOf(packMode(source)), list({"9: a mode holds at most 32766 rules"}));
+}
+
+void tst_PackMode::tablesStayBounded()
+{
+    QString source = modeLine + QStringLiteral("table t: a\n");
+    for (int doublings = 0; doublings < 17; ++doublings)
+        source += QStringLiteral("  <t>\n");
+    QCOMPARE(problemsOf(packMode(source)), list({"19: a table has at most 100000 entries"}));
 }
 
 QTEST_GUILESS_MAIN(tst_PackMode)
