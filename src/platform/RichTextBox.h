@@ -80,8 +80,8 @@ public:
     void setSelText(const QString &text);
 
     /// Searches for `text` as TextSearch does: selects the first match that begins at or after
-    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if there
-    /// is none.
+    /// `start` and before `end` and returns its position; -1, with the selection unchanged, if
+    /// there is none.
     int find(const QString &text, int start, int end, FindFlags flags = FindFlag::None);
 
     /// The attributes of the selection, or those of the next character typed. They are kept until

@@ -6,7 +6,7 @@
 #include "platform/ScreenUnits.h"
 #include "ui_frmSpecialCharacters.h"
 
-#include <QFocusEvent>
+#include <QEvent>
 #include <QScreen>
 
 namespace {
@@ -87,13 +87,9 @@ bool frmSpecialCharacters::eventFilter(QObject *watched, QEvent *event)
     if (watched == box && event->type() == QEvent::FocusOut && box->hasSelectedText()) {
         const int start = box->selectionStart();
         const int length = box->selectionLength();
-        QMetaObject::invokeMethod(
-            box,
-            [box, start, length] {
-                if (!box->hasFocus())
-                    box->setSelection(start, length);
-            },
-            Qt::QueuedConnection);
+        watched->event(event); // deselects
+        box->setSelection(start, length);
+        return true;
     }
     return QDialog::eventFilter(watched, event);
 }
