@@ -90,6 +90,6 @@ void connectDocumentCommands(Form1 &form, const SharedState &state, Subjects &su
                      [&controls](PaneCode pane, const QString &caption) {
                          (pane == PaneCode::Source ? controls.lblRomanCaption
                                                    : controls.lblTengwarCaption)
-                             ->setText(caption);
+                             ->setCaption(caption);
                      });
 }
