@@ -1,6 +1,7 @@
 #include "editor/TextEdits.h"
 
 #include "platform/RichTextBox.h"
+#include "platform/SelectionFormat.h"
 #include "platform/TextPosition.h"
 
 #include <QTextBlock>
@@ -103,6 +104,7 @@ void applyEdits(RichTextBox &pane, std::span<const TextEdit> edits)
         cursor.setPosition(rewriting->start);
         cursor.setPosition(rewriting->end, QTextCursor::KeepAnchor);
         cursor.insertText(rewriting->text, rewriting->format);
+        keepFormatOfEmptyParagraph(cursor, rewriting->format);
     }
     cursor.endEditBlock();
 }

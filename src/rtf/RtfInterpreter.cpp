@@ -322,7 +322,8 @@ char16_t keptCharacter(char16_t character, bool inTengwarFont)
     case u'\r':
     case QChar::ParagraphSeparator:
         return QChar::LineSeparator;
-    case 0xFDD0: // QTextDocument keeps these two for its frames
+    case QChar::ObjectReplacementCharacter: // stands for an object, and none is kept
+    case 0xFDD0:                            // QTextDocument keeps these two for its frames
     case 0xFDD1:
         return QChar::ReplacementCharacter;
     default:

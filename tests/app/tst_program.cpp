@@ -66,6 +66,9 @@ QString text(const char *name)
 void tst_Program::init()
 {
     registry_ = std::make_unique<RegistryFolder>();
+    for (const QString &name : {text("Source.tpl"), text("Target.tpl")})
+        QVERIFY(
+            QFile::copy(text(QUILLON_PROGRAM_FOLDER "/") + name, registry_->folder.filePath(name)));
 }
 
 void tst_Program::cleanup()

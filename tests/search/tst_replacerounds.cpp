@@ -40,12 +40,15 @@ void formatAtRandom(QRandomGenerator &random, RichTextBox &pane)
     }
 }
 
-/// How each character looks: weight and size.
+/// How each character looks: weight and size. Ends of paragraphs are left out: what is typed into
+/// an emptied one looks as the last deleted character did, and which one that was may differ.
 QStringList looks(const RichTextBox &pane)
 {
     QStringList all;
     QTextCursor cursor(pane.document());
     while (cursor.movePosition(QTextCursor::NextCharacter)) {
+        if (cursor.atBlockStart())
+            continue;
         const QTextCharFormat format = cursor.charFormat();
         all += u"%1/%2"_qs.arg(format.fontWeight()).arg(format.fontPointSize());
     }
