@@ -1,0 +1,292 @@
+#include "app/Form1.h"
+#include "app/Program.h"
+#include "app/ToolbarCombo.h"
+#include "editor/SettingKeys.h"
+#include "platform/RichTextBox.h"
+#include "support/MessageBoxes.h"
+#include "support/ModeFolder.h"
+#include "support/RegistryFolder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace Qt::Literals::StringLiterals;
+
+/// The program with everything connected, as its user meets it.
+class tst_WholeProgram : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void typesTranscribesAndUndoes();
+    void formatsAndShowsTheFormat();
+    void autoTranscribeShowsInMenuAndToolbar();
+    void modeIsChosenFromTheList();
+    void commandsOfTheFileMenuReachTheActivePane();
+    void newEndsARunFirst();
+    void closingEndsARunFirst();
+    void anythingMayHappenDuringARun();
+
+private:
+    void trigger(QLatin1StringView name) { form().commands().action(name).trigger(); }
+    [[nodiscard]] Form1 &form() { return program_->form(); }
+    [[nodiscard]] RichTextBox &source() { return *form().controls().rtbRoman; }
+    [[nodiscard]] RichTextBox &target() { return *form().controls().rtbTengwar; }
+    [[nodiscard]] bool isRunning() { return form().tmrStatus().isActive(); }
+    void act(QRandomGenerator &random);
+
+    std::unique_ptr<RegistryFolder> registry_;
+    std::unique_ptr<ModeFolder> modes_;
+    std::unique_ptr<Program> program_;
+};
+
+namespace {
+
+QByteArray doublingMode()
+{
+    ModeBytes mode("Doubles letters\t1");
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        mode.rule(QByteArray(1, letter), QByteArray(2, letter));
+    return mode.bytes();
+}
+
+} // namespace
+
+void tst_WholeProgram::init()
+{
+    registry_ = std::make_unique<RegistryFolder>();
+    modes_ = std::make_unique<ModeFolder>();
+    modes_->add(u"Doubles"_s, doublingMode());
+    modes_->add(u"Other"_s, ModeBytes().rule("a", "o").bytes());
+    for (const QString &name : {u"Source.tpl"_s, u"Target.tpl"_s})
+        QVERIFY(QFile::copy(QStringLiteral(QUILLON_PROGRAM_FOLDER "/") + name,
+                            registry_->folder.filePath(name)));
+    registry_->settings.write(SettingKey::Mode, u"Path"_s, modes_->path());
+    registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Doubles"_s);
+    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path());
+    QVERIFY(program_->Main());
+    QVERIFY(QTest::qWaitForWindowActive(&form()));
+}
+
+void tst_WholeProgram::cleanup()
+{
+    program_.reset();
+    QVERIFY(QGuiApplication::overrideCursor() == nullptr);
+}
+
+void tst_WholeProgram::typesTranscribesAndUndoes()
+{
+    QVERIFY(source().hasFocus());
+    QVERIFY(!form().commands().action("mnuEUndo"_L1).isEnabled());
+    QTest::keyClicks(&source(), u"ab c"_s);
+    trigger("Toolbar1.Transcribe"_L1);
+    QCOMPARE(target().Text(), u"aabbcc"_s); // the space has no rule, and undefined text is empty
+    QCOMPARE(source().Tag(), u"Dirty"_s);
+    QCOMPARE(target().Tag(), u"Dirty"_s);
+
+    target().setFocus();
+    QVERIFY(form().commands().action("mnuEUndo"_L1).isEnabled());
+    trigger("mnuEUndo"_L1);
+    QCOMPARE(target().Text(), QString());
+    QTest::keyClick(&target(), Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(target().Text(), u"aabbcc"_s);
+    source().setFocus();
+    QTest::keyClick(&source(), Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(source().Text(), QString());
+    QCOMPARE(target().Text(), u"aabbcc"_s);
+}
+
+void tst_WholeProgram::formatsAndShowsTheFormat()
+{
+    QTest::keyClicks(&source(), u"abc"_s);
+    QTest::keyClick(&source(), Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(form().controls().SelText->text(), u"abc"_s);
+    trigger("tbrFormat.FormatBold"_L1);
+    QCOMPARE(source().SelFormat().bold, true);
+    QVERIFY(form().commands().action("tbrFormat.FormatBold"_L1).isChecked());
+    source().setSelStart(0);
+    source().setSelLength(1);
+    QCOMPARE(form().controls().SelText->text(), u"a (#97)"_s);
+
+    target().setFocus();
+    QCOMPARE(form().controls().cboFontName->currentText(), u"Tengwar Quillon"_s);
+    QVERIFY(!form().commands().action("tbrFormat.FormatBold"_L1).isChecked());
+    QTest::keyClick(&target(), Qt::Key_Tab, Qt::ControlModifier);
+    QVERIFY(source().hasFocus());
+    QVERIFY(form().commands().action("tbrFormat.FormatBold"_L1).isChecked());
+}
+
+void tst_WholeProgram::autoTranscribeShowsInMenuAndToolbar()
+{
+    QAction &item = form().commands().action("mnuTAutoTranscribe"_L1);
+    QAction &transcribe = form().commands().action("mnuTTranscribe"_L1);
+    QAction &button = form().commands().action("Toolbar1.Transcribe"_L1);
+    const auto shows = [&](bool isOn) {
+        return item.isChecked() == isOn && button.isChecked() == isOn &&
+               transcribe.isEnabled() != isOn && button.isEnabled() != isOn;
+    };
+    QVERIFY(shows(false));
+    {
+        const MessageBoxes no({QMessageBox::No});
+        item.trigger();
+        QVERIFY(shows(false));
+    }
+    const MessageBoxes yes({QMessageBox::Yes});
+    item.trigger();
+    QVERIFY(shows(true));
+    QTest::keyClicks(&source(), u"a"_s);
+    QTRY_COMPARE(target().Text(), u"aa"_s);
+    item.trigger();
+    QVERIFY(shows(false));
+    QCOMPARE(yes.seen().size(), 1u);
+}
+
+void tst_WholeProgram::modeIsChosenFromTheList()
+{
+    ToolbarCombo *modes = form().controls().cboModeName;
+    QCOMPARE(modes->currentText(), u"Doubles"_s);
+    modes->setFocus();
+    QTest::keyClicks(modes, u"Other"_s);
+    QTest::keyClick(modes, Qt::Key_Return);
+    QTRY_VERIFY(source().hasFocus());
+    QTest::keyClicks(&source(), u"a"_s);
+    trigger("mnuTTranscribe"_L1);
+    QCOMPARE(target().Text(), u"o"_s);
+}
+
+void tst_WholeProgram::commandsOfTheFileMenuReachTheActivePane()
+{
+    QTest::keyClicks(&source(), u"source"_s);
+    target().setFocus();
+    QTest::keyClicks(&target(), u"target"_s);
+    MessageBoxes boxes({QMessageBox::No});
+    trigger("mnuFNew"_L1);
+    QCOMPARE(boxes.seen().size(), 1u);
+    QCOMPARE(boxes.seen().front().text,
+             u"The target file has been changed. Do you want to save the changes?"_s);
+    QCOMPARE(source().Text(), u"source"_s);
+    QCOMPARE(target().Text(), QString());
+}
+
+void tst_WholeProgram::newEndsARunFirst()
+{
+    source().setText(QString(20000, u'a'));
+    source().setTag({});
+    const MessageBoxes boxes({QMessageBox::No});
+    QTimer::singleShot(0, this, [this] {
+        QVERIFY(isRunning());
+        target().setFocus();
+        trigger("mnuFNew"_L1);
+        QVERIFY(isRunning()); // not yet: the run stores its part first
+    });
+    trigger("mnuTTranscribe"_L1);
+    QVERIFY(target().TextLength() < 40000);
+    QTRY_COMPARE(boxes.seen().size(), 1u);
+    QTRY_COMPARE(target().Text(), QString());
+}
+
+void tst_WholeProgram::closingEndsARunFirst()
+{
+    source().setText(QString(20000, u'a'));
+    const MessageBoxes boxes({QMessageBox::No, QMessageBox::No});
+    QTimer::singleShot(0, this, [this] {
+        form().close();
+        QVERIFY(form().isVisible());
+    });
+    trigger("mnuTTranscribe"_L1);
+    QVERIFY(target().TextLength() < 40000);
+    QTRY_VERIFY(!form().isVisible());
+    QCOMPARE(boxes.seen().size(), 2u); // both panes were changed
+}
+
+/// One thing that a user might do while a run lasts.
+void tst_WholeProgram::act(QRandomGenerator &random)
+{
+    constexpr QLatin1StringView commands[] = {"mnuTTranscribe"_L1,
+                                              "mnuEUndo"_L1,
+                                              "mnuERedo"_L1,
+                                              "mnuFNew"_L1,
+                                              "mnuFClearAll"_L1,
+                                              "mnuECut"_L1,
+                                              "mnuECopy"_L1,
+                                              "mnuEPaste"_L1,
+                                              "mnuEClear"_L1,
+                                              "mnuESelectAll"_L1,
+                                              "mnuFSBold"_L1,
+                                              "mnuFCSuper"_L1,
+                                              "mnuFBulletedList"_L1,
+                                              "mnuPSource"_L1,
+                                              "mnuPTarget"_L1,
+                                              "mnuTAutoTranscribe"_L1,
+                                              "mnuVFormattingToolbar"_L1,
+                                              "mnuTSStraightToCurled"_L1};
+    RichTextBox &pane = random.bounded(2) == 0 ? source() : target();
+    switch (random.bounded(8)) {
+    case 0:
+        QTest::keyClicks(&pane, u"xyz"_s);
+        break;
+    case 1:
+        pane.setSelStart(random.bounded(100));
+        pane.setSelLength(random.bounded(50));
+        break;
+    case 2:
+        QTest::keyClick(&pane, random.bounded(4) == 0 ? Qt::Key_Escape : Qt::Key_Backspace);
+        break;
+    case 3:
+        modes_->add(u"Doubles"_s, random.bounded(4) == 0 ? QByteArray("damaged") : doublingMode());
+        break;
+    case 4:
+        form().close(); // the question that follows is answered by Cancel
+        break;
+    default:
+        trigger(commands[random.bounded(static_cast<int>(std::size(commands)))]);
+    }
+}
+
+void tst_WholeProgram::anythingMayHappenDuringARun()
+{
+    const quint32 seed = QRandomGenerator::global()->generate();
+    qInfo("seed %u", seed);
+    QRandomGenerator random(seed);
+    // Cancel is the answer to every question but some; the boxes of errors have only OK.
+    std::deque<QMessageBox::StandardButton> answers;
+    for (int i = 0; i < 2000; ++i)
+        answers.push_back(random.bounded(3) == 0 ? QMessageBox::No : QMessageBox::Cancel);
+    const MessageBoxes boxes(answers);
+    QTimer user;
+    user.callOnTimeout(this, [&] {
+        if (isRunning() && QApplication::activeModalWidget() == nullptr && random.bounded(20) == 0)
+            act(random);
+    });
+    user.start(0);
+    for (int run = 0; run < 40 && form().isVisible(); ++run) {
+        source().setText(QString(500 + random.bounded(1500), u'a'));
+        trigger("mnuTTranscribe"_L1);
+        QCoreApplication::processEvents();
+    }
+    user.stop();
+    if (!form().isVisible()) {                    // both questions were answered by No
+        QGuiApplication::restoreOverrideCursor(); // the last run may have ended with an error
+        return;
+    }
+    QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
+
+    // However the runs ended, the next one is as the first.
+    if (form().commands().action("mnuTAutoTranscribe"_L1).isChecked())
+        trigger("mnuTAutoTranscribe"_L1);
+    modes_->add(u"Doubles"_s, doublingMode());
+    source().setText(u"abc"_s);
+    target().setText({});
+    trigger("mnuTTranscribe"_L1);
+    QCOMPARE(target().Text(), u"aabbcc"_s);
+    QVERIFY(!isRunning());
+    QVERIFY(form().tmrAutoGenerate().isActive());
+}
+
+QTEST_MAIN(tst_WholeProgram)
+#include "tst_wholeprogram.moc"
