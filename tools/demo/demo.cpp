@@ -25,7 +25,8 @@ void print(const char *label, const QString &text)
 int transcribe(Form1 &form, const QString &mode, const QString &sentence, const QString &picture)
 {
     const FormControls &controls = form.controls();
-    if (!QTest::qWaitForWindowExposed(&form))
+    form.activateWindow(); // on a bare display no window manager does
+    if (!QTest::qWaitForWindowActive(&form))
         return EXIT_FAILURE;
     controls.cboModeName->setFocus();
     QTest::keyClicks(controls.cboModeName, mode);
