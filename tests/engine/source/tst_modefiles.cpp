@@ -149,7 +149,7 @@ void tst_ModeFiles::examplesAgree()
         line.codes = codes.at(i);
     }
     QVERIFY(examples > 0);
-    if (qEnvironmentVariableIsSet("QUILLON_ACCEPT_GOLDENS"))
+    if (qEnvironmentVariableIsSet("QUILLON_ACCEPT"))
         QVERIFY(golden.write(goldenName));
     else if (!differences.isEmpty())
         QFAIL(qPrintable(differences.join(u'\n')));
