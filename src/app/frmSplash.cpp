@@ -4,6 +4,7 @@
 #include "ui_frmSplash.h"
 
 #include <QIcon>
+#include <QScreen>
 
 namespace {
 
@@ -19,6 +20,7 @@ frmSplash::frmSplash() : QFrame(nullptr, Qt::SplashScreen)
     Ui::frmSplash ui;
     ui.setupUi(this);
     setFixedSize(pictureSize);
+    move(screen()->availableGeometry().center() - rect().center());
     ui.picSplash->setGeometry(rect());
     ui.picSplash->setPixmap(
         QIcon(QStringLiteral(":/splash/splash.svg")).pixmap(pictureSize, devicePixelRatioF()));

@@ -101,11 +101,17 @@ public:
 class OrdinaryUser
 {
 public:
-    OrdinaryUser() { isRoot_ &&setresuid(Nobody, Nobody, 0) == 0; }
-    ~OrdinaryUser() { isRoot_ &&setresuid(0, 0, 0) == 0; }
+    OrdinaryUser() { become(Nobody); }
+    ~OrdinaryUser() { become(0); }
     Q_DISABLE_COPY_MOVE(OrdinaryUser)
 
 private:
+    void become(uid_t user)
+    {
+        if (isRoot_ && setresuid(user, user, 0) != 0)
+            qFatal("the user cannot be changed");
+    }
+
     static constexpr uid_t Nobody = 65534;
     bool isRoot_ = geteuid() == 0;
 };
