@@ -128,6 +128,8 @@ void Form1::showProgress(std::optional<double> progress)
 {
     controls_.Progress->setVisible(progress.has_value());
     controls_.Progress->setValue(qRound(progress.value_or(0) * controls_.Progress->maximum()));
+    if (!progress)
+        setWindowTitle(programTitle()); // a minimised window has shown the progress there
 }
 
 void Form1::FillFontList(const QStringList &fonts)

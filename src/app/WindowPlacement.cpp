@@ -36,7 +36,8 @@ QRect storedGeometry(const Form1 &form, const StoredSettings &settings)
 
 void restoreGeometry(Form1 &form, const StoredSettings &settings)
 {
-    QRect geometry = storedGeometry(form, settings);
+    const bool isStored = !settings.text(SettingKey::Window, QStringLiteral("Width")).isEmpty();
+    QRect geometry = isStored ? storedGeometry(form, settings) : QRect();
     if (geometry.isEmpty())
         geometry = firstGeometry();
     QList<QRect> screens;

@@ -94,7 +94,7 @@ void keepDisplayTrue(Form1 &form, const SharedState &state, PaneCode code)
     RichTextBox *pane = form.pane(code);
     const auto indicate = [&form, &state, code, pane] {
         if (state.ActivePane == code)
-            form.IndicateRTB(*pane);
+            runCommand(&form, [&] { form.IndicateRTB(*pane); });
     };
     QObject::connect(pane, &RichTextBox::changed, &form, indicate);
     QObject::connect(pane, &RichTextBox::selectionMoved, &form, indicate);

@@ -61,7 +61,9 @@ void JournalFolder::takeFolderInCache(const QString &runs)
 void JournalFolder::write(const QString &name, QByteArrayView bytes) const
 {
     QFile file(path_ + QLatin1Char('/') + name);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+    // A leftover may be another user's, or a link that leads elsewhere.
+    file.remove();
+    if (!file.open(QIODevice::NewOnly | QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         const bool hasFolder = QFileInfo(path_).isDir();
         throw RuntimeError(hasFolder ? ErrorNumber::PathFileAccess : ErrorNumber::PathNotFound,
                            file.fileName());

@@ -65,7 +65,8 @@ frmModes::frmModes(SharedState &state, std::function<void()> refillModeList, QWi
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmModes::reject);
     connect(ui_->lstModes, &QListWidget::currentRowChanged, this, &frmModes::showComment);
     connect(ui_->lstModes, &QListWidget::itemDoubleClicked, ui_->cmdOK, &QPushButton::click);
-    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this, &frmModes::refill);
+    connect(new QShortcut(Qt::Key_F5, this), &QShortcut::activated, this,
+            [this] { runCommand(this, [this] { refill(); }); });
     refill();
 }
 

@@ -77,6 +77,13 @@ QStringList localFiles(const QMimeData &data)
     return paths;
 }
 
+/// Whoever drags files here keeps them: a move would have them delete what was opened.
+void acceptCopy(QDropEvent &event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
 } // namespace
 
 void RichTextBox::keyPressEvent(QKeyEvent *event)
@@ -122,8 +129,8 @@ void RichTextBox::inputMethodEvent(QInputMethodEvent *event)
 void RichTextBox::mousePressEvent(QMouseEvent *event)
 {
     // A press inside the selection would start a drag, whose end may take the text away unseen.
-    const bool isPlain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (isPlain && textCursor().hasSelection())
+    const bool extends = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (event->button() == Qt::LeftButton && !extends && textCursor().hasSelection())
         setTextCursor(cursorForPosition(event->position().toPoint()));
     QTextEdit::mousePressEvent(event);
 }
@@ -153,7 +160,7 @@ void RichTextBox::changeEvent(QEvent *event)
 void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
 {
     if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
     else
         QTextEdit::dragEnterEvent(event);
 }
@@ -161,7 +168,7 @@ void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
 void RichTextBox::dragMoveEvent(QDragMoveEvent *event)
 {
     if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+        acceptCopy(*event);
     else
         QTextEdit::dragMoveEvent(event);
 }
@@ -170,7 +177,7 @@ void RichTextBox::dropEvent(QDropEvent *event)
 {
     const QStringList paths = localFiles(*event->mimeData());
     if (!paths.isEmpty()) {
-        event->acceptProposedAction();
+        acceptCopy(*event);
         Q_EMIT filesDropped(paths);
         return;
     }

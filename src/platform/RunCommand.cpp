@@ -17,6 +17,10 @@ bool runCommand(QWidget *window, const std::function<void()> &command)
         showRuntimeError(window, error);
     } catch (const std::bad_alloc &) {
         showRuntimeError(window, RuntimeError(ErrorNumber::OutOfMemory));
+    } catch (const std::exception &error) {
+        // A fault of ours. Qt's code must not meet it, and the texts in hand must outlive it.
+        showRuntimeError(window, RuntimeError(ErrorNumber::InvalidProcedureCall,
+                                              QString::fromUtf8(error.what())));
     }
     return false;
 }

@@ -1,6 +1,7 @@
 #include "platform/TextForm.h"
 
 #include "engine/CodePage.h"
+#include "rtf/RtfReader.h"
 #include <QStringConverter>
 #include <algorithm>
 #include <array>
@@ -105,7 +106,7 @@ QByteArray encodeText(const QString &text, const TextForm &form)
     const QString lines = withLineEnds(text, form.lineEnds);
     for (const TextCoding coding : {form.coding, TextCoding::Utf8WithMark}) {
         const std::optional<QByteArray> bytes = encoded(lines, coding);
-        if (bytes && decodeText(*bytes, form).text == lines)
+        if (bytes && !looksLikeRtf(*bytes) && decodeText(*bytes, form).text == lines)
             return *bytes;
     }
     return encoded(lines, TextCoding::Utf16LittleEndian).value_or(QByteArray());

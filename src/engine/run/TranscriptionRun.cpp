@@ -8,7 +8,7 @@
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScopeGuard>
 #include <QTimer>
 
@@ -56,7 +56,7 @@ TranscriptionRun::TranscriptionRun(SharedState &state, const Parts &parts,
     connect(&parts_.tmrStatus, &QTimer::timeout, this, &TranscriptionRun::showProgress);
     connect(&parts_.tmrAutoGenerate, &QTimer::timeout, this,
             [this] { runCommand(&parts_.window, [this] { countTick(); }); });
-    connect(&parts_.source, &RichTextBox::changed, this, [this] { ticks_ = 0; });
+    connect(&parts_.source, &RichTextBox::changed, this, &TranscriptionRun::noteSourceText);
 }
 
 void TranscriptionRun::PrepareGeneration()
@@ -146,9 +146,34 @@ void TranscriptionRun::leave()
 {
     isRunning_ = false;
     // From the message loop, when everything that this run was called from has returned.
-    for (const auto &command : std::exchange(waiting_, {}))
-        QMetaObject::invokeMethod(
-            this, [this, command] { runCommand(&parts_.window, command); }, Qt::QueuedConnection);
+    if (!waiting_.empty())
+        QMetaObject::invokeMethod(this, &TranscriptionRun::serveWaiting, Qt::QueuedConnection);
+}
+
+/// One command after the other: while one asks its user something, the next must not begin.
+void TranscriptionRun::serveWaiting()
+{
+    if (isServing_)
+        return;
+    isServing_ = true;
+    while (!waiting_.empty()) {
+        if (isRunning_) {
+            state_.AbortRequested = true; // its end brings us here again
+            break;
+        }
+        const std::function<void()> command = std::move(waiting_.front());
+        waiting_.pop_front();
+        runCommand(&parts_.window, command);
+    }
+    isServing_ = false;
+}
+
+void TranscriptionRun::noteSourceText()
+{
+    // The control also tells of changes that only concern the formatting.
+    const QString text = parts_.source.Text();
+    if (std::exchange(sourceText_, text) != text)
+        ticks_ = 0;
 }
 
 void TranscriptionRun::whenIdle(const std::function<void()> &command)
@@ -174,6 +199,7 @@ void TranscriptionRun::toggleAutoTranscribe()
     if (!state_.AutoTranscribe && !userWantsAutoTranscribe(parts_.window))
         return;
     state_.AutoTranscribe = !state_.AutoTranscribe;
+    ticks_ = 0;
     Q_EMIT autoTranscribeChanged(state_.AutoTranscribe);
     if (state_.AutoTranscribe)
         PrepareGeneration();
@@ -181,7 +207,9 @@ void TranscriptionRun::toggleAutoTranscribe()
 
 void TranscriptionRun::countTick()
 {
-    if (!state_.AutoTranscribe || ticks_ == std::numeric_limits<qint16>::max())
+    // A dialog may be about to load or change what a run would read.
+    const bool isBlocked = QApplication::activeModalWidget() != nullptr;
+    if (!state_.AutoTranscribe || isBlocked || ticks_ == std::numeric_limits<qint16>::max())
         return;
     if (++ticks_ == ticksUntilRun)
         PrepareGeneration();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
+#include <QString>
+#include <deque>
 #include <functional>
 #include <optional>
-#include <vector>
 
 class QTimer;
 class QWidget;
@@ -63,14 +63,18 @@ private:
     [[nodiscard]] QString transcription(QString text, const ModeTable &table);
     void end();
     void leave();
+    void serveWaiting();
+    void noteSourceText();
     void showProgress();
     void countTick();
 
     SharedState &state_;
     Parts parts_;
     std::function<void()> chooseMode_;
-    std::vector<std::function<void()>> waiting_; ///< commands for the end of the run
+    std::deque<std::function<void()>> waiting_; ///< commands for the end of the run
+    bool isServing_ = false;                    ///< one of them is at work
     bool isRunning_ = false;
     bool pointerIsBusy_ = false;
-    int ticks_ = 0; ///< of tmrAutoGenerate since the Source text changed
+    QString sourceText_; ///< as it last was
+    int ticks_ = 0;      ///< of tmrAutoGenerate since the Source text changed
 };

@@ -2,10 +2,12 @@
 #include "editor/UndoJournal.h"
 #include "engine/RuntimeError.h"
 #include "engine/run/TranscriptionRun.h"
+#include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "support/MessageBoxes.h"
 #include "support/ModeFolder.h"
 
+#include <QDialog>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -105,6 +107,7 @@ private Q_SLOTS:
     void abortIsForgottenAtTheNextRun();
     void secondRunDoesNothing();
     void commandsWaitForTheEnd();
+    void waitingCommandsFollowEachOther();
     void commandsRunAtOnceOtherwise();
     void commandsFollowAnError();
     void panesAndModeMayChangeDuringARun();
@@ -114,6 +117,8 @@ private Q_SLOTS:
     void autoTranscribeIsSwitchedOff();
     void autoTranscribeWaitsForAPause();
     void autoTranscribeFollowsEveryChange();
+    void autoTranscribeLeavesFormattingAlone();
+    void autoTranscribeRestsUnderDialogs();
 };
 
 void tst_TranscriptionRun::destinations_data()
@@ -359,6 +364,24 @@ void tst_TranscriptionRun::commandsWaitForTheEnd()
     QTRY_COMPARE(order, QStringList({u"idle"_qs, u"1"_qs, u"second"_qs}));
 }
 
+void tst_TranscriptionRun::waitingCommandsFollowEachOther()
+{
+    Bench bench;
+    bench.source.setText(QString(20000, u'a'));
+    QStringList order;
+    bench.atStep(50, [&] {
+        bench.run.whenIdle([&] {
+            order.append(u"first begins"_qs);
+            showMessage(&bench.window, {.text = u"question"_qs}); // serves the message loop
+            order.append(u"first ends"_qs);
+        });
+        bench.run.whenIdle([&] { order.append(u"second"_qs); });
+    });
+    const MessageBoxes boxes;
+    bench.run.PrepareGeneration();
+    QTRY_COMPARE(order, QStringList({u"first begins"_qs, u"first ends"_qs, u"second"_qs}));
+}
+
 void tst_TranscriptionRun::commandsRunAtOnceOtherwise()
 {
     Bench bench;
@@ -502,6 +525,36 @@ void tst_TranscriptionRun::autoTranscribeFollowsEveryChange()
     bench.source.setSelStart(0);
     bench.source.setSelText(u"pasted"_qs);
     QTRY_COMPARE(bench.target.Text(), u"ppaasstteeddaabb"_qs);
+}
+
+void tst_TranscriptionRun::autoTranscribeLeavesFormattingAlone()
+{
+    Bench bench;
+    bench.source.setText(u"ab"_qs);
+    bench.state.AutoTranscribe = true;
+    QTRY_COMPARE(bench.target.Text(), u"aabb"_qs);
+    bench.target.setText(u"mine"_qs);
+    bench.source.setSelStart(0);
+    bench.source.setSelLength(2);
+    bench.source.setSelBold(true);
+    QSignalSpy ticks(&bench.tmrAutoGenerate, &QTimer::timeout);
+    QTRY_VERIFY(ticks.size() > 5);
+    QCOMPARE(bench.target.Text(), u"mine"_qs);
+}
+
+void tst_TranscriptionRun::autoTranscribeRestsUnderDialogs()
+{
+    Bench bench;
+    bench.source.setText(u"ab"_qs);
+    bench.state.AutoTranscribe = true;
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    QSignalSpy ticks(&bench.tmrAutoGenerate, &QTimer::timeout);
+    QTRY_VERIFY(ticks.size() > 5);
+    QCOMPARE(bench.target.Text(), QString());
+    dialog.close();
+    QTRY_COMPARE(bench.target.Text(), u"aabb"_qs);
 }
 
 QTEST_MAIN(tst_TranscriptionRun)
