@@ -21,7 +21,7 @@ done
 
 . tools/packages.sh
 tools/ensure-packages "${build_packages[@]}" "${run_packages[@]}"
-cmake --preset release >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }
+cmake --preset release -DBUILD_TESTING=OFF -DQUILLON_BENCHMARKS=OFF >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }
 rm -f build-configure.log
 cmake --build --preset release
 [ -z "$build_only" ] || exit 0

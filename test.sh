@@ -3,6 +3,8 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
+# Builds in other folders, and of other commits, share what ccache keeps.
+export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 . tools/packages.sh
 tools/ensure-packages "${build_packages[@]}" "${run_packages[@]}" "${test_packages[@]}"
 cmake --preset release -DBUILD_TESTING=ON

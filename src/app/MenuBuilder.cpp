@@ -44,7 +44,8 @@ QList<QAction *> buildMenus(QMenuBar &menuBar, std::span<const MenuEntry> table)
             open.push_back(addMenu(menuBar, above, entry));
             continue;
         }
-        Q_ASSERT(above);
+        if (above == nullptr)
+            continue; // an item stands below a menu, or nowhere
         QAction *item = addItem(*above, entry);
         if (!item->isSeparator())
             items.append(item);

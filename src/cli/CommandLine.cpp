@@ -1,5 +1,7 @@
 #include "cli/CommandLine.h"
 
+#include "Version.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -9,7 +11,9 @@ std::optional<int> parseCommandLine(QCommandLineParser &parser, const QStringLis
 {
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Show this help."));
-    parser.addOption(help);
+    const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                     QStringLiteral("Show the program's version."));
+    parser.addOptions({help, version});
     if (!parser.parse(arguments))
         return wrongUsage(parser.errorText());
     if (parser.isSet(help)) {
@@ -19,7 +23,16 @@ std::optional<int> parseCommandLine(QCommandLineParser &parser, const QStringLis
                            QStringLiteral("Usage: quillon-cli ") + arguments.constFirst()));
         return ExitSuccess;
     }
+    if (parser.isSet(version)) {
+        print(versionLine());
+        return ExitSuccess;
+    }
     return std::nullopt;
+}
+
+QString versionLine()
+{
+    return QStringLiteral("quillon-cli " QUILLON_VERSION "\n");
 }
 
 int wrongUsage(const QString &problem)

@@ -13,11 +13,14 @@ struct CommandFailure
     QString message;
 };
 
-/// Parses a command's arguments (the first is the command's own name) and answers `--help`. Returns
-/// the exit status when the command is to end here: after the help, or after wrong usage, which is
-/// explained on standard error.
+/// Parses a command's arguments (the first is the command's own name) and answers `--help` and
+/// `--version`. Returns the exit status when the command is to end here: after an answer, or after
+/// wrong usage, which is explained on standard error.
 [[nodiscard]] std::optional<int> parseCommandLine(QCommandLineParser &parser,
                                                   const QStringList &arguments);
+
+/// The program's name and version, as `--version` prints them.
+[[nodiscard]] QString versionLine();
 
 /// Explains wrong usage on standard error and returns `ExitWrongUsage`.
 int wrongUsage(const QString &problem);

@@ -42,7 +42,7 @@ std::optional<int> parseFiles(QCommandLineParser &parser, const QStringList &arg
     if (const auto status = parseCommandLine(parser, arguments))
         return status;
     if (parser.positionalArguments().size() != files.size())
-        return wrongUsage(QStringLiteral("mode %1 takes %2")
+        return wrongUsage(QStringLiteral("%1 takes %2")
                               .arg(arguments.first(),
                                    files.isEmpty() ? QStringLiteral("no file") : files.join(u' ')));
     return std::nullopt;
@@ -95,7 +95,8 @@ int list(const QStringList &arguments)
     if (!folder.exists())
         throw CommandFailure{QStringLiteral("there is no folder %1").arg(folder.path())};
     const QStringList names =
-        folder.entryList({QStringLiteral("*.mod")}, QDir::Files, QDir::Name | QDir::IgnoreCase);
+        folder.entryList({QStringLiteral("*.mod")}, QDir::Files | QDir::CaseSensitive,
+                         QDir::Name | QDir::IgnoreCase);
     for (const QString &name : names)
         print(QStringLiteral("%1\t%2\n")
                   .arg(name.chopped(int(qstrlen(".mod"))), readModeComment(folder.filePath(name))));
@@ -120,7 +121,7 @@ int check(const QStringList &arguments)
             fault.line == 0
                 ? QStringLiteral("%1: %2").arg(name, fault.message)
                 : QStringLiteral("%1: record %2: %3").arg(name).arg(fault.line).arg(fault.message));
-    print(QStringLiteral("%1 rules\n").arg(table.ruleCount()));
+    print(QStringLiteral("%1 rules\n").arg(report.ruleCount));
     if (!report.undefined.isEmpty())
         print(QStringLiteral("undefined: %1\n").arg(fromCodePage(report.undefined)));
     return report.faults.isEmpty() ? ExitSuccess : ExitFailure;
@@ -156,11 +157,18 @@ int mode(const QStringList &arguments)
 {
     const QString name = arguments.value(1);
     for (const Command &command : commands) {
-        if (name == QLatin1String(command.name))
-            return command.run(arguments.sliced(1));
+        if (name == QLatin1String(command.name)) {
+            QStringList words = arguments.sliced(1);
+            words.first().prepend(QStringLiteral("mode "));
+            return command.run(words);
+        }
     }
     if (name == u"--help" || name == u"-h") {
         print(usage());
+        return ExitSuccess;
+    }
+    if (name == u"--version" || name == u"-v") {
+        print(versionLine());
         return ExitSuccess;
     }
     return wrongUsage(name.isEmpty() ? QStringLiteral("mode needs a command")

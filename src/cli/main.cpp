@@ -1,4 +1,3 @@
-#include "Version.h"
 #include "cli/CommandLine.h"
 #include "cli/ModeCommands.h"
 #include "cli/RtfCommands.h"
@@ -49,7 +48,7 @@ int run(const QStringList &arguments)
         return ExitSuccess;
     }
     if (name == u"--version" || name == u"-v") {
-        print(QStringLiteral("quillon-cli " QUILLON_VERSION "\n"));
+        print(versionLine());
         return ExitSuccess;
     }
     return wrongUsage(name.isEmpty() ? QStringLiteral("no command given")
@@ -66,7 +65,9 @@ int main(int argc, char **argv)
     } catch (const CommandFailure &failure) {
         complain(failure.message);
     } catch (const RuntimeError &error) {
-        complain(QString::fromUtf8(error.what()));
+        complain(QStringLiteral("error %1: %2")
+                     .arg(static_cast<int>(error.number()))
+                     .arg(QString::fromUtf8(error.what())));
     } catch (const std::bad_alloc &) {
         complain(errorDescription(ErrorNumber::OutOfMemory));
     }

@@ -177,7 +177,19 @@ void tst_TranscribeCommand::helpAndVersion()
     const ProgramRun help = runProgram({u"transcribe"_qs, u"--help"_qs});
     QCOMPARE(help.status, 0);
     QVERIFY(help.output.startsWith("Usage: quillon-cli transcribe"));
-    QVERIFY(runProgram({u"--version"_qs}).output.startsWith("quillon-cli "));
+    const QList<QStringList> commands = {{},
+                                         {u"transcribe"_qs},
+                                         {u"mode"_qs},
+                                         {u"mode"_qs, u"check"_qs},
+                                         {u"rtf2text"_qs},
+                                         {u"rtf2rtf"_qs}};
+    for (const QStringList &command : commands) {
+        const ProgramRun version = runProgram(command + QStringList{u"--version"_qs});
+        QCOMPARE(version.status, 0);
+        QVERIFY(version.output.startsWith("quillon-cli "));
+    }
+    QVERIFY(runProgram({u"mode"_qs, u"check"_qs, u"--help"_qs})
+                .output.startsWith("Usage: quillon-cli mode check"));
 }
 
 void tst_TranscribeCommand::outputThatCannotBeWritten()

@@ -133,13 +133,23 @@ QByteArray coveredCharacters(const std::vector<ModeRecord> &rules)
 ModeReport checkMode(const QByteArray &bytes)
 {
     constexpr int wholeMode = 0;
+    constexpr int headerRecord = 1;
     constexpr int firstPrintable = 32;
     constexpr int codeCount = 256;
     const int caseMode =
         headerCaseMode(bytes.first(qMin<qsizetype>(bytes.size(), RuleRecordLength)));
     const std::vector<ModeRecord> rules = rulesOf(bytes);
-    ModeReport report{
-        findRuleFaults(rules, caseMode, QStringLiteral("record")) + findMisplacedMarks(rules), {}};
+    ModeReport report{findRuleFaults(rules, caseMode, QStringLiteral("record")) +
+                          findMisplacedMarks(rules),
+                      static_cast<qsizetype>(rules.size()),
+                      {}};
+    if (caseMode != 0 && caseMode != 1)
+        report.faults.append(
+            {headerRecord, QStringLiteral("case mode %1 makes every text empty").arg(caseMode)});
+    if (report.ruleCount > ModeTable::maximumRules)
+        report.faults.append(
+            {wholeMode, QStringLiteral("no text can be transcribed with more than %1 rules")
+                            .arg(ModeTable::maximumRules)});
     const QByteArray covered = coveredCharacters(rules);
     for (int code = firstPrintable; code < codeCount; ++code) {
         const QChar character(codePageCharacter(static_cast<uchar>(code)));

@@ -1,6 +1,7 @@
 #include "engine/LoadMode.h"
 #include "engine/source/CheckMode.h"
 #include "engine/source/PackMode.h"
+#include "support/ModeBytes.h"
 
 #include <QTest>
 
@@ -12,6 +13,7 @@ class tst_CheckMode : public QObject
 private Q_SLOTS:
     void faults_data();
     void faults();
+    void unusableModes();
     void lettersWithoutRule();
     void exactModesNeedCapitals();
     void undefinedCharacters();
@@ -82,6 +84,19 @@ void tst_CheckMode::faults()
     QFETCH(const QString, fault);
     const ModeReport report = checkMode(alphabet() + record(rule));
     QCOMPARE(textsOf(report.faults), fault.isEmpty() ? QStringList() : QStringList(fault));
+}
+
+void tst_CheckMode::unusableModes()
+{
+    const ModeReport twoCases = checkMode(ModeBytes("c\t2").rule("a", "1").bytes());
+    QVERIFY(textsOf(twoCases.faults).contains(u"1: case mode 2 makes every text empty"_qs));
+    ModeBytes large;
+    for (int i = 0; i <= ModeTable::maximumRules; ++i)
+        large.rule(QByteArray::number(i), "1");
+    const ModeReport tooMany = checkMode(large.bytes());
+    QCOMPARE(tooMany.ruleCount, ModeTable::maximumRules + 1);
+    QVERIFY(textsOf(tooMany.faults)
+                .contains(u"0: no text can be transcribed with more than 32766 rules"_qs));
 }
 
 void tst_CheckMode::lettersWithoutRule()
