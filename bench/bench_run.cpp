@@ -22,6 +22,14 @@ public:
     void ClearUndoFiles(const QString &) override {}
 };
 
+/// The longest text that can be transcribed, in words and paragraphs.
+QString pageOfProse()
+{
+    const QString paragraph = QStringLiteral("the lamps were lit along the quay and the old clerk "
+                                             "wrote as quickly as he could while nobody came\r\n");
+    return paragraph.repeated(maximumTextLength / paragraph.size() + 1).first(maximumTextLength);
+}
+
 void messageLoop(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -35,6 +43,7 @@ void wholeRun(benchmark::State &state)
     ModeBytes mode;
     for (char letter = 'a'; letter <= 'z'; ++letter)
         mode.rule(QByteArray(1, letter), QByteArray(1, letter));
+    mode.rule(" ", " ");
     ModeFolder folder;
     folder.add(QStringLiteral("Letters"), mode.bytes());
 
@@ -50,7 +59,7 @@ void wholeRun(benchmark::State &state)
     QTimer tmrAutoGenerate;
     TranscriptionRun run(shared, {window, source, target, journal, tmrStatus, tmrAutoGenerate},
                          [] {});
-    source.setText(QString(maximumTextLength, u'a'));
+    source.setText(pageOfProse());
     window.show();
     for (auto _ : state)
         run.PrepareGeneration();
