@@ -26,6 +26,7 @@ public:
 
     /// The main window, once started.
     [[nodiscard]] Form1 &form() { return *form_; }
+    [[nodiscard]] SharedState &state() { return state_; }
 
 private:
     void start();

@@ -1,3 +1,4 @@
+#include "app/CaptionLabel.h"
 #include "app/Form1.h"
 #include "app/Program.h"
 #include "app/ToolbarCombo.h"
@@ -9,9 +10,12 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
+#include <QDropEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QRandomGenerator>
 #include <QTest>
+#include <QUrl>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -25,6 +29,14 @@ private Q_SLOTS:
     void cleanup();
     void typesTranscribesAndUndoes();
     void formatsAndShowsTheFormat();
+    void formatCommandsReachTheSelection_data();
+    void formatCommandsReachTheSelection();
+    void commandsOpenTheirDialogs_data();
+    void commandsOpenTheirDialogs();
+    void commandsDoNothingWithoutAPane();
+    void droppedFileIsOpened();
+    void unknownCharactersAreSoughtWhereTheyLeaveMarks();
+    void glyphVariantsChangeTheTarget();
     void autoTranscribeShowsInMenuAndToolbar();
     void modeIsChosenFromTheList();
     void commandsOfTheFileMenuReachTheActivePane();
@@ -119,6 +131,156 @@ void tst_WholeProgram::formatsAndShowsTheFormat()
     QTest::keyClick(&target(), Qt::Key_Tab, Qt::ControlModifier);
     QVERIFY(source().hasFocus());
     QVERIFY(form().commands().action("tbrFormat.FormatBold"_L1).isChecked());
+}
+
+void tst_WholeProgram::formatCommandsReachTheSelection_data()
+{
+    using Check = bool (*)(const SelectionFormat &);
+    QTest::addColumn<QString>("action");
+    QTest::addColumn<Check>("check");
+    const auto add = [](const char *action, Check check) {
+        QTest::newRow(action) << QString::fromLatin1(action) << check;
+    };
+    const Check isBold = [](const SelectionFormat &format) { return format.bold == true; };
+    const Check isItalic = [](const SelectionFormat &format) { return format.italic == true; };
+    const Check isUnderlined = [](const SelectionFormat &format) {
+        return format.underline == true;
+    };
+    const Check isRight = [](const SelectionFormat &format) {
+        return format.alignment == Alignment::Right;
+    };
+    const Check isCentred = [](const SelectionFormat &format) {
+        return format.alignment == Alignment::Center;
+    };
+    const Check isLeft = [](const SelectionFormat &format) {
+        return format.alignment == Alignment::Left;
+    };
+    const Check isBulleted = [](const SelectionFormat &format) { return format.bullet == true; };
+    add("mnuFSBold", isBold);
+    add("tbrFormat.FormatBold", isBold);
+    add("mnuFSItalic", isItalic);
+    add("tbrFormat.FormatItalic", isItalic);
+    add("mnuFSUnderline", isUnderlined);
+    add("tbrFormat.FormatUnderline", isUnderlined);
+    add("tbrFormat.FormatLarger",
+        [](const SelectionFormat &format) { return format.fontSize == 14; });
+    add("tbrFormat.FormatSmaller",
+        [](const SelectionFormat &format) { return format.fontSize == 10; });
+    add("mnuFCSuper", [](const SelectionFormat &format) { return format.charOffset == 30; });
+    add("mnuFCSub", [](const SelectionFormat &format) { return format.charOffset == -30; });
+    add("mnuFCNormal", [](const SelectionFormat &format) { return format.charOffset == 0; });
+    add("mnuFARightJustify", isRight);
+    add("tbrFormat.RightAlign", isRight);
+    add("mnuFACenter", isCentred);
+    add("tbrFormat.CenterAlign", isCentred);
+    add("mnuFALeftJustify", isLeft);
+    add("tbrFormat.LeftAlign", isLeft);
+    add("mnuFBulletedList", isBulleted);
+    add("tbrFormat.BulletedList", isBulleted);
+}
+
+void tst_WholeProgram::formatCommandsReachTheSelection()
+{
+    using Check = bool (*)(const SelectionFormat &);
+    QFETCH(QString, action);
+    QFETCH(Check, check);
+    QTest::keyClicks(&source(), u"abc"_s);
+    QTest::keyClick(&source(), Qt::Key_A, Qt::ControlModifier);
+    trigger(QLatin1StringView(action.toLatin1()));
+    QVERIFY(check(source().SelFormat()));
+    QTest::keyClick(&source(), Qt::Key_Z, Qt::ControlModifier); // one state was recorded
+    QCOMPARE(source().Text(), u"abc"_s);
+}
+
+void tst_WholeProgram::commandsOpenTheirDialogs_data()
+{
+    QTest::addColumn<QString>("dialog");
+    QTest::newRow("mnuFOpen") << u"CommonDialog1"_s;
+    QTest::newRow("Toolbar1.Open") << u"CommonDialog1"_s;
+    QTest::newRow("mnuFSave") << u"CommonDialog1"_s; // an untitled pane asks for a name
+    QTest::newRow("mnuFSaveAs") << u"CommonDialog1"_s;
+    QTest::newRow("mnuFPrint") << u"CommonDialog1"_s;
+    QTest::newRow("mnuEPreferences") << u"frmPreferences"_s;
+    QTest::newRow("mnuFParagraph") << u"frmParagraph"_s;
+    QTest::newRow("mnuTMode") << u"frmModes"_s;
+    QTest::newRow("mnuINumerical") << u"frmCalculator"_s;
+    QTest::newRow("mnuISpecialCharacters") << u"frmSpecialCharacters"_s;
+}
+
+void tst_WholeProgram::commandsOpenTheirDialogs()
+{
+    QFETCH(QString, dialog);
+    QString opened;
+    QTimer user;
+    user.callOnTimeout(this, [&opened] {
+        if (auto *open = qobject_cast<QDialog *>(QApplication::activeModalWidget())) {
+            opened = open->objectName();
+            open->reject();
+        }
+    });
+    user.start(0);
+    trigger(QLatin1StringView(QTest::currentDataTag()));
+    QTRY_COMPARE(opened, dialog);
+}
+
+void tst_WholeProgram::commandsDoNothingWithoutAPane()
+{
+    QTest::keyClicks(&source(), u"abc"_s);
+    program_->state().ActivePane = PaneCode::None;
+    const MessageBoxes boxes;
+    for (const auto name : {"mnuFNew"_L1, "mnuFSave"_L1, "mnuECut"_L1, "mnuEClear"_L1,
+                            "mnuEPaste"_L1, "mnuFSBold"_L1, "mnuFParagraph"_L1})
+        trigger(name);
+    QVERIFY(boxes.seen().empty());
+    QCOMPARE(source().Text(), u"abc"_s);
+}
+
+void tst_WholeProgram::droppedFileIsOpened()
+{
+    modes_->write(u"letter.txt"_s, "a letter");
+    QMimeData files;
+    files.setUrls({QUrl::fromLocalFile(modes_->path(u"letter.txt"_s))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(target().viewport(), &enter);
+    QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
+    drop.setDropAction(Qt::MoveAction);
+    QCoreApplication::sendEvent(target().viewport(), &drop);
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // the file stays where it is
+    QTRY_COMPARE(target().Text(), u"a letter"_s);
+    QCOMPARE(form().controls().lblTengwarCaption->text(), u"Target - letter.txt"_s);
+    QCOMPARE(target().Tag(), QString());
+}
+
+void tst_WholeProgram::unknownCharactersAreSoughtWhereTheyLeaveMarks()
+{
+    auto *menu = form().findChild<QMenu *>("mnuTengwar"_L1);
+    const auto canSeek = [&] {
+        Q_EMIT menu->aboutToShow();
+        return form().commands().action("mnuTFindNext"_L1).isEnabled() &&
+               form().commands().action("mnuTFindPrevious"_L1).isEnabled();
+    };
+    QVERIFY(!canSeek());
+    program_->state().Settings.UndefinedText = u"?"_s;
+    QVERIFY(canSeek());
+    QTest::keyClicks(&source(), u"a!b"_s);
+    trigger("mnuTTranscribe"_L1);
+    target().setSelStart(0);
+    trigger("mnuTFindNext"_L1);
+    QCOMPARE(target().SelText(), u"?"_s);
+    QCOMPARE(target().SelStart(), 2);
+}
+
+void tst_WholeProgram::glyphVariantsChangeTheTarget()
+{
+    target().setText(u"pP[{+_"_s);
+    trigger("mnuTSCurledToStraight"_L1);
+    QCOMPARE(target().Text(), u"[{[{+_"_s);
+    trigger("mnuTSStraightToCurled"_L1);
+    QCOMPARE(target().Text(), u"pPpP+_"_s);
+    trigger("mnuTSStandardToLooped"_L1);
+    QCOMPARE(target().Text(), u"pPpP£¥"_s);
+    trigger("mnuTSLoopedToStandard"_L1);
+    QCOMPARE(target().Text(), u"pPpP+_"_s);
 }
 
 void tst_WholeProgram::autoTranscribeShowsInMenuAndToolbar()
