@@ -148,10 +148,15 @@ void FormatCommands::chooseFont(QWidget *window)
         return;
     const CharacterFormat present = CharacterFormat::of(insertionFormat(active->textCursor()),
                                                         active->document()->defaultFont());
-    QFontDialog dialog(fontOf(present), window);
+    const QFont before = fontOf(present);
+    QFontDialog dialog(before, window);
     dialog.setObjectName(QStringLiteral("fontDialog"));
     if (dialog.exec() != QDialog::Accepted)
         return;
+    QFont chosen = dialog.selectedFont();
+    // The dialog shows whole sizes only; one that was left alone keeps its half.
+    if (chosen.pointSize() == qRound(before.pointSizeF()))
+        chosen.setPointSizeF(before.pointSizeF());
     if (RichTextBox *pane = recordedPane())
-        applyFont(*pane, dialog.selectedFont());
+        applyFont(*pane, chosen);
 }

@@ -159,7 +159,7 @@ QString frmPreferences::folderToBrowse() const
 void frmPreferences::browse()
 {
     frmBrowse dialog(state_.Settings, folderToBrowse(), this);
-    if (dialog.exec() == QDialog::Accepted)
+    if (dialog.exec() == QDialog::Accepted && !dialog.chosenFolder().isEmpty())
         ui_->txtModeLocation->setText(dialog.chosenFolder());
 }
 

@@ -30,6 +30,9 @@ private Q_SLOTS:
     void centredRuler_data();
     void centredRuler();
     void maximisedRulerIsKept();
+    void settingsAreRead();
+    void missingSettingsHaveDefaults();
+    void leftGeometryAloneCountsForNothing();
     void brokenWindowNumbers_data();
     void brokenWindowNumbers();
     void numbersBeyondRangeStopTheStart_data();
@@ -193,6 +196,48 @@ void tst_Program::brokenWindowNumbers_data()
     QTest::addColumn<QString>("width");
     for (const char *width : {"0", "-9000", "wide", " "})
         QTest::newRow(width) << text(width);
+}
+
+void tst_Program::settingsAreRead()
+{
+    StoredSettings &settings = registry_->settings;
+    settings.write(SettingKey::Transcription, u"UndefinedAlert"_s, true);
+    settings.write(SettingKey::Transcription, u"UndefinedTranscribe"_s, u"?"_s);
+    settings.write(SettingKey::Transcription, u"ClearTargetPane"_s, true);
+    settings.write(SettingKey::Mode, u"Path"_s, u"/some/modes"_s);
+    settings.write(SettingKey::Mode, u"EditorPath"_s, u"/some/editor"_s);
+    settings.write(SettingKey::General, u"Unit"_s, u"in"_s);
+    start();
+    const Settings &read = program_->state().Settings;
+    QVERIFY(read.UndefinedAlert);
+    QCOMPARE(read.UndefinedText, u"?"_s);
+    QVERIFY(read.ClearTargetPane);
+    QCOMPARE(read.ModePath, u"/some/modes"_s);
+    QCOMPARE(read.EditorPath, u"/some/editor"_s);
+    QCOMPARE(read.StandardUnit, u"in"_s);
+    QCOMPARE(read.UnitFactor, 1440.0);
+}
+
+void tst_Program::missingSettingsHaveDefaults()
+{
+    registry_->settings.write(SettingKey::General, u"Unit"_s, u"px"_s);
+    start();
+    const Settings &read = program_->state().Settings;
+    QVERIFY(!read.UndefinedAlert);
+    QCOMPARE(read.UndefinedText, QString());
+    QVERIFY(!read.ClearTargetPane);
+    QCOMPARE(read.ModePath, registry_->folder.path() + u"/Modes"_s);
+    QCOMPARE(read.EditorPath, registry_->folder.path() + u"/ModeSmith.exe"_s);
+    QCOMPARE(read.StandardUnit, u"mm"_s); // pixels last for the run that chose them
+    QCOMPARE(read.UnitFactor, 56.7);
+}
+
+void tst_Program::leftGeometryAloneCountsForNothing()
+{
+    store("Left", u"40000"_s);
+    const Form1 &form = start();
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    QCOMPARE(form.width(), qRound(screen.width() / 1.5));
 }
 
 void tst_Program::brokenWindowNumbers()
