@@ -13,7 +13,7 @@
 namespace {
 
 constexpr qint64 largestFile = qint64(16) << 20;
-constexpr int lockPatienceMs = 500;
+constexpr int lockPatienceMs = 5000;
 constexpr int lockPollMs = 2;
 
 const QString &storeName()
