@@ -14,6 +14,7 @@
 #include "editor/StandardUnit.h"
 #include "platform/FontList.h"
 #include "platform/RunCommand.h"
+#include "platform/SymbolFonts.h"
 
 #include "Version.h"
 
@@ -88,7 +89,9 @@ void Program::readSettings()
         settings.StandardUnit = QStringLiteral("mm");
     settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
 
-    fonts_ = installedFonts(registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts")));
+    const QStringList ownFonts = registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts"));
+    showCodePageInSymbolFonts();
+    fonts_ = installedFonts(ownFonts);
     settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
     settings.GenericTengwarFont =
         orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));
