@@ -1,7 +1,9 @@
-#include "app/frmSplash.h"
+#include "about/frmSplash.h"
+
+#include "platform/MessageBox.h"
+#include "ui_frmSplash.h"
 
 #include "Version.h"
-#include "ui_frmSplash.h"
 
 #include <QIcon>
 #include <QScreen>
@@ -19,6 +21,7 @@ frmSplash::frmSplash() : QFrame(nullptr, Qt::SplashScreen)
 {
     Ui::frmSplash ui;
     ui.setupUi(this);
+    setWindowTitle(programTitle());
     setFixedSize(pictureSize);
     move(screen()->availableGeometry().center() - rect().center());
     ui.picSplash->setGeometry(rect());
