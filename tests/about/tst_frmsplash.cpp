@@ -1,8 +1,9 @@
 #include "about/frmSplash.h"
 #include "support/ProjectVersion.h"
 
-#include <QFontMetrics>
+#include <QApplication>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::Literals::StringLiterals;
@@ -13,6 +14,7 @@ class tst_frmSplash : public QObject
 
 private Q_SLOTS:
     void tellsVersionAndCopyright();
+    void textStandsAtTheFootOfThePicture_data();
     void textStandsAtTheFootOfThePicture();
     void pictureFillsTheWindow();
 };
@@ -27,8 +29,19 @@ void tst_frmSplash::tellsVersionAndCopyright()
     QCOMPARE(splash.windowTitle(), u"Quillon"_s);
 }
 
+void tst_frmSplash::textStandsAtTheFootOfThePicture_data()
+{
+    QTest::addColumn<int>("points"); // of the desktop's font
+    QTest::newRow("ordinary") << 9;
+    QTest::newRow("large") << 24;
+}
+
 void tst_frmSplash::textStandsAtTheFootOfThePicture()
 {
+    QFETCH(int, points);
+    const QFont ordinary = QApplication::font();
+    const auto restore = qScopeGuard([&ordinary] { QApplication::setFont(ordinary); });
+    QApplication::setFont(QFont(ordinary.family(), points));
     const frmSplash splash;
     const QRect picture = splash.findChild<QLabel *>(u"picSplash"_s)->geometry();
     const auto *label = splash.findChild<QLabel *>(u"lblSplash"_s);

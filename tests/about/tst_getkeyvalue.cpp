@@ -19,8 +19,9 @@ void tst_GetKeyValue::values_data()
 {
     QTest::addColumn<QString>("line"); // of the store's file, under the key
     QTest::addColumn<std::optional<QString>>("expected");
-    const auto row = [](const char *name, const QString &line, std::optional<QString> expected) {
-        QTest::newRow(name) << line << std::move(expected);
+    const auto row = [](const char *name, const QString &line,
+                        const std::optional<QString> &expected) {
+        QTest::newRow(name) << line << expected;
     };
     const auto text = [](const QString &stored) { return u"\"PATH\" = \""_s + stored + u'"'; };
     const auto letters = [](int count) { return QString(count, u'x'); };

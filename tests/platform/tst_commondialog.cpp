@@ -21,7 +21,7 @@ private Q_SLOTS:
 private:
     [[nodiscard]] QString newFile(const QString &name) const
     {
-        const QString path = folder_.filePath(name);
+        QString path = folder_.filePath(name);
         QFile file(path);
         if (!file.open(QIODevice::WriteOnly))
             qFatal("cannot write a test file");
