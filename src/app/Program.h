@@ -34,6 +34,7 @@ private:
     void loadForm();
     void unload();
 
+    RegistryFunctions &registry_;
     StoredSettings stored_;
     SharedState state_;
     QStringList fonts_;

@@ -9,6 +9,7 @@
 #include "editor/Panes.h"
 #include "editor/RtfUndoJournal.h"
 #include "engine/run/TranscriptionRun.h"
+#include "modes/ModeEditor.h"
 #include "search/SearchCommands.h"
 #include "tools/GlyphVariants.h"
 #include "tools/InsertCommands.h"
@@ -27,6 +28,7 @@ struct Subjects
     RtfUndoJournal journal;
     PaneDocuments documents;
     TranscriptionRun run;
+    ModeEditor modeEditor;
     EditCommands edit;
     FormatCommands format;
     FormatIndicator indicator;

@@ -203,6 +203,8 @@ void tst_WholeProgram::commandsOpenTheirDialogs_data()
     QTest::newRow("mnuEPreferences") << u"frmPreferences"_s;
     QTest::newRow("mnuFParagraph") << u"frmParagraph"_s;
     QTest::newRow("mnuTMode") << u"frmModes"_s;
+    QTest::newRow("mnuTRunModeSmith") << u"messageBox"_s; // there is no mode editor yet
+    QTest::newRow("mnuHAbout") << u"frmAbout"_s;
     QTest::newRow("mnuINumerical") << u"frmCalculator"_s;
     QTest::newRow("mnuISpecialCharacters") << u"frmSpecialCharacters"_s;
 }
