@@ -86,12 +86,16 @@ def display():
 class Quillon:
     """The installed program, run by its user from start to Exit."""
 
-    def __init__(self, root, screen, home):
+    def __init__(self, root, screen, home, limits=()):
         self.environment = {"HOME": str(home), "PATH": f"{root.bin}:{os.environ['PATH']}",
                             "DISPLAY": screen, "LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb",
                             "XDG_RUNTIME_DIR": str(home)}
-        self.process = subprocess.Popen([*AS_USER, "quillon"], cwd="/", env=self.environment)
-        self.main = self.window("^Quillon$", narrowest=600)  # the splash is narrower
+        # Signals stay as Python has them: without SIGXFSZ, a limit looks like a full disk.
+        self.process = subprocess.Popen([*AS_USER, *limits, "quillon"], cwd="/",
+                                        env=self.environment, restore_signals=False)
+        if limits:  # a box tells what went wrong
+            self.use(self.window("^Quillon$"), "Return")
+        self.main = self.window("^Quillon$", narrowest=800)  # neither the splash nor the box
 
     def xdotool(self, *arguments):
         return subprocess.run(["xdotool", *map(str, arguments)], env=self.environment, text=True,
@@ -188,6 +192,16 @@ def use_installed(root, home):
         user.leave()
 
 
+def use_on_full_disk(root, home):
+    """A start that can't copy the larger modes, and the next one."""
+    seeded = home / ".local/share/quillon/program/Seeded.txt"
+    with display() as screen:
+        Quillon(root, screen, home, ["prlimit", "--fsize=8192"]).leave()
+        check(not seeded.exists(), "the folder doesn't count as seeded")
+        Quillon(root, screen, home).leave()
+        check(seeded.exists(), "it does when there is room")
+
+
 def check_version(root, package):
     version = run("dpkg-deb", "--field", package, "Version").partition("-")[0]
     check(run(root.bin / "quillon-cli", "--version").split()[1] == version, "one version")
@@ -205,16 +219,15 @@ def main():
         root.dpkg("--install", package)
         check_version(root, package)
 
-        home = folder / "home"
-        home.mkdir(0o700)
-        if IS_ROOT:
-            os.chown(home, NOBODY, NOBODY)
-        else:
+        for use in (use_installed, use_on_full_disk):
+            home = folder / use.__name__
+            home.mkdir(0o700)
+            if IS_ROOT:
+                os.chown(home, NOBODY, NOBODY)
             root.program.chmod(0o555)
-        use_installed(root, home)
+            use(root, home)
 
-        if not IS_ROOT:
-            root.program.chmod(0o755)
+        root.program.chmod(0o755)
         (root.program / "Quenya.mod").touch()  # an administrator has restored a mode
         root.dpkg("--purge", "quillon")
         check(not root.files(), f"purging leaves nothing behind, but {root.files()}")
