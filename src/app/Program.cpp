@@ -40,8 +40,8 @@ QString orElse(const QString &text, const QString &other)
 
 } // namespace
 
-Program::Program(RegistryFunctions &registry, const QString &programFolder)
-    : registry_(registry), stored_(registry)
+Program::Program(RegistryFunctions &registry, const QString &programFolder, QString fontFolder)
+    : registry_(registry), stored_(registry), fontFolder_(std::move(fontFolder))
 {
     state_.ProgramFolder = programFolder;
 }
@@ -92,7 +92,7 @@ void Program::readSettings()
         settings.StandardUnit = QStringLiteral("mm");
     settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
 
-    fonts_ = installedFonts(registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts")));
+    fonts_ = installedFonts(registerFonts(fontFolder_));
     settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
     settings.GenericTengwarFont =
         orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));

@@ -125,7 +125,8 @@ QString tst_Program::stored(const QString &key, const char *name) const
 
 Form1 &tst_Program::start()
 {
-    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     if (!program_->Main())
         qFatal("The program did not start.");
     return program_->form();
@@ -297,7 +298,7 @@ void tst_Program::numbersBeyondRangeStopTheStart()
         store(filled, 3000);
     store(name.constData(), u"40000"_s);
     const MessageBoxes boxes;
-    Program program(registry_->registry, registry_->folder.path());
+    Program program(registry_->registry, registry_->folder.path(), {});
     QVERIFY(!program.Main());
     QCOMPARE(boxes.seen().size(), 1U);
     QCOMPARE(boxes.seen()[0].title, programTitle());

@@ -80,7 +80,8 @@ void tst_WholeProgram::init()
                             registry_->folder.filePath(name)));
     registry_->settings.write(SettingKey::Mode, u"Path"_s, modes_->path());
     registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Doubles"_s);
-    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     QVERIFY(program_->Main());
     QVERIFY(QTest::qWaitForWindowActive(&form()));
 }
