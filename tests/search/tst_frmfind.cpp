@@ -7,6 +7,7 @@
 #include "support/ModeFolder.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,6 +16,7 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 
 namespace {
 
@@ -97,6 +99,7 @@ private Q_SLOTS:
     void replaceAllKeepsFormats();
     void replaceAllInTengwar();
     void tenThousandReplacements();
+    void grownTextIsShownAtOnce();
     void endlessReplacementStaysAlive_data();
     void endlessReplacementStaysAlive();
     void growingBeyondTheLimit();
@@ -436,13 +439,57 @@ void tst_frmFind::replaceAllInTengwar()
 
 void tst_frmFind::tenThousandReplacements()
 {
+    constexpr int Count = 10'666;
+    constexpr int RunLength = 7; // so that runs end at, before and behind matches
+    const auto sizeAt = [](int position) { return 8 + position / RunLength % 13; };
     FindWindow window;
-    window.source.setText(u"a12"_qs.repeated(10'666));
+    const QString text = u"a12"_qs.repeated(Count);
+    QTextCursor cursor(window.source.document());
+    cursor.beginEditBlock();
+    for (int position = 0; position < text.size(); position += RunLength) {
+        QTextCharFormat format;
+        format.setFontPointSize(sizeAt(position));
+        cursor.insertText(text.mid(position, RunLength), format);
+    }
+    cursor.endEditBlock();
     window.commands.showReplace();
     window.type("txtRomanSearch", u"a"_qs);
     window.type("txtRomanReplace", u"bc"_qs);
+    QElapsedTimer clock;
+    clock.start();
     window.click("cmdReplaceAll");
-    QTRY_COMPARE(window.source.Text(), u"bc12"_qs.repeated(10'666));
+    QTRY_COMPARE(window.source.Text(), u"bc12"_qs.repeated(Count));
+    QVERIFY2(clock.elapsed() < 3'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
+    int position = 0; // in the former text, four characters being three there
+    const QTextBlock block = window.source.document()->firstBlock();
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        for (int i = 0; i < it.fragment().length(); ++i, ++position) {
+            const int former = position / 4 * 3 + std::max(position % 4 - 1, 0);
+            QCOMPARE(it.fragment().charFormat().fontPointSize(), double(sizeAt(former)));
+        }
+    }
+    QCOMPARE(position, 4 * Count);
+}
+
+void tst_frmFind::grownTextIsShownAtOnce()
+{
+    constexpr int Letters = 200'000; // one word
+    FindWindow window;
+    window.source.setText(QString(Letters, u'a'));
+    window.commands.showReplace();
+    window.type("txtRomanSearch", u"a"_qs);
+    window.type("txtRomanReplace", u"aa"_qs);
+    window.click("cmdReplaceAll");
+    const auto &progress = window.get<QLabel>("lblProgress");
+    QTRY_VERIFY(!progress.text().isEmpty());
+    const QString first = progress.text();
+    QTRY_VERIFY(progress.text() != first);
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(window.dialog().focusWidget(), Qt::Key_Escape);
+    QVERIFY2(clock.elapsed() < 10'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
+    QVERIFY(window.source.TextLength() > Letters);
+    QCOMPARE(window.source.Text(), QString(window.source.TextLength(), u'a'));
 }
 
 void tst_frmFind::endlessReplacementStaysAlive_data()
