@@ -30,10 +30,11 @@ bool isUsableFolder(const QString &name)
     return folder.isDir() && folder.isReadable() && folder.isExecutable();
 }
 
-/// The name less one separator at its end; the root's own name is nothing but one.
+/// The name less one separator at its end, "\\" also where the platform has "/"; the root's own
+/// name is nothing but one.
 QString withoutSeparator(const QString &folder)
 {
-    const bool endsInOne = folder.endsWith(QDir::separator()) || folder.endsWith(u'/');
+    const bool endsInOne = folder.endsWith(u'\\') || folder.endsWith(u'/');
     return endsInOne && !QDir(folder).isRoot() ? folder.chopped(1) : folder;
 }
 
@@ -128,10 +129,13 @@ void frmPreferences::showSettings()
 void frmPreferences::filterTengwarFonts()
 {
     const bool all = !ui_->chkFilterList->isChecked();
-    ui_->cboGenericTengwarFont->clear();
-    ui_->cboGenericTengwarFont->addItems(
-        all ? fonts_ : fonts_.filter(QStringLiteral("tengwa"), Qt::CaseInsensitive));
-    selectText(*ui_->cboGenericTengwarFont, state_.Settings.GenericTengwarFont);
+    QComboBox &list = *ui_->cboGenericTengwarFont;
+    const QSignalBlocker blocker(list); // the list passes through fonts that nobody chose
+    list.clear();
+    list.addItems(all ? fonts_ : fonts_.filter(QStringLiteral("tengwa"), Qt::CaseInsensitive));
+    selectText(list, state_.Settings.GenericTengwarFont);
+    // what isn't listed is not chosen, and stays
+    showSample(*ui_->lblTengwarSample, state_.Settings.GenericTengwarFont);
 }
 
 void frmPreferences::chooseTranscribe()
