@@ -10,6 +10,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RunCommand.h"
 #include "platform/ScreenUnits.h"
+#include "platform/SoftHyphen.h"
 #include "preferences/FontFaceDelegate.h"
 #include "preferences/frmBrowse.h"
 #include "ui_frmPreferences.h"
@@ -87,6 +88,7 @@ void frmPreferences::wire()
     connect(ui_->optUndefinedTranscribe, &QRadioButton::clicked, this,
             &frmPreferences::chooseTranscribe);
     connect(ui_->txtCharNo, &QLineEdit::textChanged, this, &frmPreferences::showCharacterCode);
+    showSoftHyphens(*ui_->txtCharNo);
     SelectAllOnFocus(*ui_->txtCharNo);
     SelectAllOnFocus(*ui_->txtModeLocation);
 
@@ -146,7 +148,7 @@ void frmPreferences::chooseTranscribe()
 
 void frmPreferences::showCharacterCode()
 {
-    const QString text = ui_->txtCharNo->text();
+    const QString text = heldText(*ui_->txtCharNo);
     ui_->lblCharNo->setText(
         text.isEmpty() ? QString() : QStringLiteral("(# %1)").arg(characterCode(text.front())));
 }
@@ -196,7 +198,7 @@ void frmPreferences::readControls(const QString &modePath)
     takeFont(settings.GenericTengwarFont, *ui_->cboGenericTengwarFont);
     settings.UndefinedAlert = ui_->chkCharAlert->isChecked();
     settings.UndefinedText =
-        ui_->optUndefinedTranscribe->isChecked() ? ui_->txtCharNo->text() : QString();
+        ui_->optUndefinedTranscribe->isChecked() ? heldText(*ui_->txtCharNo) : QString();
     settings.ClearTargetPane = ui_->chkClearTargetPane->isChecked();
 }
 
