@@ -7,7 +7,6 @@
 #include "support/ModalDialog.h"
 #include "support/RegistryFolder.h"
 
-#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -476,20 +475,6 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(labelled, 4);
-    }
-
-    void theListShowsManyFonts()
-    {
-        Preferences preferences;
-        preferences.open();
-        QComboBox &fonts = preferences.list("cboGenericTextFont");
-        fonts.showPopup();
-        QTRY_VERIFY(fonts.view()->isVisible());
-        QVERIFY(!fonts.view()->grab().toImage().isNull());
-        const int height = fonts.view()->sizeHintForIndex(fonts.model()->index(0, 0)).height();
-        QCOMPARE(fonts.view()->sizeHintForIndex(fonts.model()->index(4, 0)).height(), height);
-        QVERIFY(height > fonts.fontMetrics().height());
-        fonts.hidePopup();
     }
 };
 
