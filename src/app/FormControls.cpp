@@ -20,7 +20,7 @@ template<typename Control> Control *named(Control *control, QLatin1StringView na
 ToolbarCombo *makeCombo(QLatin1StringView name, QLatin1StringView tip, int characters)
 {
     auto *combo = named(new ToolbarCombo, name);
-    combo->setToolTip(tip);
+    combo->setToolTip(tip + QStringLiteral(" (F6)"));
     combo->setAccessibleName(tip);
     combo->setMinimumContentsLength(characters);
     return combo;
