@@ -15,6 +15,7 @@
 #include "editor/StandardUnit.h"
 #include "platform/FontList.h"
 #include "platform/RunCommand.h"
+#include "platform/SymbolFonts.h"
 
 #include "Version.h"
 
@@ -92,7 +93,9 @@ void Program::readSettings()
         settings.StandardUnit = QStringLiteral("mm");
     settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
 
-    fonts_ = installedFonts(registerFonts(fontFolder_));
+    const QStringList ownFonts = registerFonts(fontFolder_);
+    showCodePageInSymbolFonts();
+    fonts_ = installedFonts(ownFonts);
     settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
     settings.GenericTengwarFont =
         orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));
