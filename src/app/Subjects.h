@@ -9,6 +9,7 @@
 #include "editor/Panes.h"
 #include "editor/RtfUndoJournal.h"
 #include "engine/run/TranscriptionRun.h"
+#include "help/HelpCommands.h"
 #include "search/SearchCommands.h"
 #include "tools/GlyphVariants.h"
 #include "tools/InsertCommands.h"
@@ -34,6 +35,7 @@ struct Subjects
     SearchCommands search;
     InsertCommands insert;
     GlyphVariants glyphs;
+    HelpCommands help;
 
 private:
     [[nodiscard]] PaneCommands paneCommands(Form1 &form);
