@@ -39,6 +39,7 @@ QColor blend(const QColor &colour, const QColor &ground, qreal share)
 HelpBrowser::HelpBrowser(QWidget *parent) : QTextBrowser(parent)
 {
     setOpenExternalLinks(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // or pictures would change their room
     document()->setDocumentMargin(PageMargin);
     styleDocument();
     connect(this, &QTextBrowser::sourceChanged, this, &HelpBrowser::markWords);

@@ -26,17 +26,17 @@ void selectPage(QListWidget &list, const QString &name)
     }
 }
 
-/// Wide enough for the longest title.
-void fitWidth(QListWidget &list)
+/// What the list needs to show the longest title.
+int titleWidth(const QListWidget &list)
 {
     const int scrollBar = list.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-    list.setMinimumWidth(list.sizeHintForColumn(0) + 2 * list.frameWidth() + scrollBar);
+    return list.sizeHintForColumn(0) + 2 * list.frameWidth() + scrollBar;
 }
 
 QSize startingSize(const QWidget &window)
 {
-    constexpr int Columns = 110;
-    constexpr int Lines = 40;
+    constexpr int Columns = 150;
+    constexpr int Lines = 46;
     const QFontMetrics metrics(window.font());
     const QSize wanted(Columns * metrics.averageCharWidth(), Lines * metrics.lineSpacing());
     return wanted.boundedTo(window.screen()->availableSize() * 0.9);
@@ -53,10 +53,11 @@ frmHelp::frmHelp(HelpBook book) : book_(std::move(book)), ui_(std::make_unique<U
     ui_->rtbPage->setBook(book_);
     for (const HelpPage &page : book_.pages())
         addPage(*ui_->lstContents, page);
-    fitWidth(*ui_->lstContents);
     connectControls();
     connectKeys();
     resize(startingSize(*this));
+    const int listWidth = titleWidth(*ui_->lstContents);
+    ui_->splitter->setSizes({listWidth, width() - listWidth});
     ui_->rtbPage->showPage(book_.pages().front().name);
     ui_->lstContents->setFocus();
 }
