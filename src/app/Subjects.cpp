@@ -56,7 +56,7 @@ Subjects::Subjects(Form1 &form, SharedState &state, StoredSettings &stored)
       indicator(formatControls(form)), keys(form, journal, paneCommands(form)),
       search(
           state, panes, [this] { return run.isRunning(); }, form),
-      insert(state, panes, journal, stored, form), glyphs(panes.target, journal)
+      insert(state, panes, journal, stored, form), glyphs(panes.target, journal), help(state, form)
 {
     keys.watch(panes.source, PaneCode::Source);
     keys.watch(panes.target, PaneCode::Target);

@@ -9,6 +9,7 @@
 #include "editor/Panes.h"
 #include "editor/RtfUndoJournal.h"
 #include "engine/run/TranscriptionRun.h"
+#include "help/HelpCommands.h"
 #include "modes/ModeEditor.h"
 #include "search/SearchCommands.h"
 #include "tools/GlyphVariants.h"
@@ -36,6 +37,7 @@ struct Subjects
     SearchCommands search;
     InsertCommands insert;
     GlyphVariants glyphs;
+    HelpCommands help;
 
 private:
     [[nodiscard]] PaneCommands paneCommands(Form1 &form);
