@@ -96,7 +96,7 @@ int list(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Lists the modes of a folder."));
     const QCommandLineOption modes(
         QStringLiteral("modes"),
-        QStringLiteral("Folder of the modes (default: beside the program)."),
+        QStringLiteral("Folder of the modes (default: the one that the window uses)."),
         QStringLiteral("FOLDER"), defaultModesFolder());
     parser.addOption(modes);
     if (const auto status = parseFiles(parser, arguments, {}))
