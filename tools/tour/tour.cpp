@@ -7,10 +7,10 @@
 
 #include "Camera.h"
 
+#include "about/frmSplash.h"
 #include "app/Form1.h"
 #include "app/Program.h"
 #include "app/ToolbarCombo.h"
-#include "app/frmSplash.h"
 #include "help/HelpCommands.h"
 #include "platform/FileRegistryStore.h"
 #include "platform/RegistryFunctions.h"
@@ -321,7 +321,8 @@ int main(int argc, char **argv)
     const QTemporaryDir settings;
     FileRegistryStore store(settings.filePath(u"user"_s), settings.filePath(u"system"_s));
     RegistryFunctions registry(store);
-    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER));
+    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER),
+                    QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts"));
     if (!program.Main())
         return EXIT_FAILURE;
     program.form().resize(880, 480);
