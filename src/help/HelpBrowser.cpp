@@ -75,7 +75,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl &url)
         const HelpPage *page = book_->page(nameIn(url));
         return page != nullptr ? page->html : QVariant();
     }
-    const QImage picture = QImage::fromData(book_->picture(nameIn(source().resolved(url))));
+    const QImage picture = QImage::fromData(book_->picture(nameIn(pageUrl({}).resolved(url))));
     if (picture.isNull())
         return {};
     const qreal width = std::min<qreal>(picture.width() / PictureScale, pictureRoom());
