@@ -92,11 +92,28 @@ void setWholeText(benchmark::State &state)
         box->setText(text);
 }
 
+/// Time in proportion to the length says that no line looks at all the rest of the word.
+void showOneLongWord(benchmark::State &state)
+{
+    RichTextBox box;
+    box.resize(600, 800);
+    box.show();
+    const QString word(state.range(0), u'a');
+    for (auto _ : state)
+        box.setText(word);
+    state.SetComplexityN(state.range(0));
+}
+
 BENCHMARK(readFormatOfEverything)->Unit(benchmark::kMillisecond);
 BENCHMARK(writeRichText)->Unit(benchmark::kMillisecond);
 BENCHMARK(makeEverythingBold)->Unit(benchmark::kMillisecond);
 BENCHMARK(buildText)->Unit(benchmark::kMillisecond);
 BENCHMARK(findTheLastWord)->Unit(benchmark::kMillisecond);
+BENCHMARK(showOneLongWord)
+    ->RangeMultiplier(4)
+    ->Range(10'000, 1'000'000)
+    ->Complexity()
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK(setWholeText)->Arg(1)->Arg(30)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "app/Form1.h"
 
 #include "app/CaptionLabel.h"
+#include "app/FocusTravel.h"
 #include "app/KeyPreview.h"
 #include "app/MenuBuilder.h"
 #include "app/PaneShortcuts.h"
@@ -58,6 +59,7 @@ Form1::Form1(SharedState &state) : state_(state), controls_(), commands_(*this)
     wireKeys(buildMenus(*menuBar(), menuTable()));
     wirePanes();
     wireCombos();
+    connectFocusTravel(*this);
 }
 
 void Form1::Load(const FormSubjects &subjects, const QStringList &fonts)
@@ -224,7 +226,16 @@ void Form1::wireKeys(const QList<QAction *> &menuItems)
         if (control->focusPolicy() != Qt::NoFocus && !control->focusProxy())
             preview->watch(*control);
     }
-    auto *shortcuts = new PaneShortcuts(menuItems, this);
+    QList<QAction *> items = menuItems;
+    for (const QToolBar *toolbar : {controls_.Toolbar1, controls_.tbrFormat}) {
+        for (QAction *button : toolbar->actions()) {
+            if (button->shortcut().isEmpty())
+                continue;
+            addAction(button); // the key works also while the toolbar is hidden
+            items += button;
+        }
+    }
+    auto *shortcuts = new PaneShortcuts(items, this);
     shortcuts->watch(*controls_.rtbRoman);
     shortcuts->watch(*controls_.rtbTengwar);
 }

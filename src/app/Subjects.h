@@ -10,6 +10,7 @@
 #include "editor/RtfUndoJournal.h"
 #include "engine/run/TranscriptionRun.h"
 #include "help/HelpCommands.h"
+#include "modes/ModeEditor.h"
 #include "search/SearchCommands.h"
 #include "tools/GlyphVariants.h"
 #include "tools/InsertCommands.h"
@@ -28,6 +29,7 @@ struct Subjects
     RtfUndoJournal journal;
     PaneDocuments documents;
     TranscriptionRun run;
+    ModeEditor modeEditor;
     EditCommands edit;
     FormatCommands format;
     FormatIndicator indicator;

@@ -44,6 +44,12 @@ QAction *addButton(QToolBar &toolbar, const ToolbarEntry &entry, QStyle &toggleS
     QAction *action =
         toolbar.addAction(inkIcon(QStringLiteral(":/icons/%1.svg").arg(entry.key)), entry.tip);
     action->setEnabled(false);
+    if (!entry.shortcut.isEmpty()) {
+        const QKeySequence keys(entry.shortcut, QKeySequence::PortableText);
+        action->setShortcut(keys);
+        action->setToolTip(
+            QStringLiteral("%1 (%2)").arg(entry.tip, keys.toString(QKeySequence::NativeText)));
+    }
     if (entry.item == ToolbarItem::Toggle) {
         action->setCheckable(true);
         QWidget *button = toolbar.widgetForAction(action);

@@ -18,6 +18,7 @@ struct ToolbarEntry
     ToolbarItem item;
     QLatin1StringView key = {};
     QLatin1StringView tip = {};
+    QLatin1StringView shortcut = {}; ///< of a button that no menu item stands for
 };
 
 [[nodiscard]] std::span<const ToolbarEntry> standardToolbarTable();

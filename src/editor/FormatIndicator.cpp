@@ -45,7 +45,11 @@ QString summary(const QString &selected)
     if (selected.size() == 1)
         return QStringLiteral("%1 (#%2)")
             .arg(selected, QString::number(characterCode(selected.front())));
-    return selected.size() <= longest ? selected : selected.left(longest) + QChar(u'…');
+    if (selected.size() <= longest)
+        return selected;
+    // half of a character would show as a box
+    const bool wouldSplit = selected.at(longest - 1).isHighSurrogate();
+    return selected.left(wouldSplit ? longest - 1 : longest) + QChar(u'…');
 }
 
 } // namespace

@@ -31,7 +31,5 @@ void editParagraphs(const SharedState &state, const Panes &panes, UndoJournal &j
     set(*pane, &RichTextBox::setSelHangingIndent, entered.hangingIndent);
     set(*pane, &RichTextBox::setSelRightIndent, entered.rightIndent);
     set(*pane, &RichTextBox::setBulletIndent, entered.bulletIndent);
-    // justified text is listed as aligned left and must not lose that unasked
-    if (entered.alignment != pane->SelFormat().alignment)
-        set(*pane, &RichTextBox::setSelAlignment, entered.alignment);
+    set(*pane, &RichTextBox::setSelAlignment, entered.alignment);
 }

@@ -24,7 +24,8 @@ QString oneDecimal(double number)
 } // namespace
 
 frmParagraph::frmParagraph(const Settings &settings, const SelectionFormat &shown, QWidget *parent)
-    : QDialog(parent), unitFactor_(settings.UnitFactor), ui_(std::make_unique<Ui::frmParagraph>())
+    : QDialog(parent), unitFactor_(settings.UnitFactor), shownAlignment_(shown.alignment),
+      ui_(std::make_unique<Ui::frmParagraph>())
 {
     ui_->setupUi(this);
     ApplyFormFonts(*this, settings);
@@ -42,6 +43,7 @@ frmParagraph::frmParagraph(const Settings &settings, const SelectionFormat &show
     makeNumeric(*ui_->txtBulletedIndent, decimal);
     ui_->cmbAlignment->setCurrentIndex(shown.alignment ? int(*shown.alignment) : -1);
 
+    connect(ui_->cmbAlignment, &QComboBox::activated, this, [this] { alignmentWasChosen_ = true; });
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmParagraph::confirm);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmParagraph::reject);
 }
@@ -62,7 +64,9 @@ void frmParagraph::confirm()
         if (!read(indent))
             return;
     }
-    if (const int entry = ui_->cmbAlignment->currentIndex(); entry >= 0)
+    const int entry = ui_->cmbAlignment->currentIndex();
+    // Justified text is listed as aligned left and must not lose that unasked.
+    if (entry >= 0 && (alignmentWasChosen_ || Alignment(entry) != shownAlignment_))
         entered_.alignment = Alignment(entry);
     accept();
 }

@@ -12,8 +12,7 @@ class frmParagraph;
 class QLineEdit;
 struct Settings;
 
-/// The paragraph attributes as the dialog shows and returns them, in twips. No value: mixed, to be
-/// left alone.
+/// The paragraph attributes that the dialog returns, in twips. No value: to be left alone.
 struct ParagraphAttributes
 {
     std::optional<int> indent;
@@ -51,6 +50,8 @@ private:
 
     double unitFactor_;
     std::vector<IndentBox> indents_;
+    std::optional<Alignment> shownAlignment_;
+    bool alignmentWasChosen_ = false; ///< though perhaps it is the one that was shown
     ParagraphAttributes entered_;
     std::unique_ptr<Ui::frmParagraph> ui_;
 };

@@ -1,5 +1,6 @@
 #include "platform/RichTextBox.h"
 
+#include "platform/LongWords.h"
 #include "platform/SoftHyphen.h"
 #include "platform/TextPosition.h"
 #include <QTextBlock>
@@ -37,12 +38,16 @@ void RichTextBox::showDocument(QTextDocument &document)
     document.setUndoRedoEnabled(false);
     showSoftHyphens(document);
     connect(&document, &QTextDocument::contentsChange, this, &RichTextBox::textHasChanged);
-    textHasChanged();
+    textIsCurrent_ = false;
+    format_.reset();
     QTextDocument *former = this->document();
     if (former != &document) {
         reportedAnchor_ = 0; // the new caret is told of below, once its format is right
         reportedPosition_ = 0;
+        if (haveLongWord(document, 0, document.characterCount()))
+            setWordWrapMode(QTextOption::WrapAnywhere); // before it is laid out
         setDocument(&document);
+        chooseWrapping(0, document.characterCount());
         former->deleteLater();                 // it may be what is telling of its change right now
         setTextCursor(QTextCursor(&document)); // the old one would type in the former format
         format_.reset();
@@ -50,10 +55,22 @@ void RichTextBox::showDocument(QTextDocument &document)
     }
 }
 
-void RichTextBox::textHasChanged()
+void RichTextBox::textHasChanged(int position, int /*removed*/, int added)
 {
     textIsCurrent_ = false;
     format_.reset();
+    chooseWrapping(position, position + added);
+}
+
+/// Breaks lines anywhere as long as the text has a long word, after a change between two positions.
+void RichTextBox::chooseWrapping(int from, int to)
+{
+    if (wordWrapMode() != QTextOption::WrapAnywhere) {
+        if (haveLongWord(*document(), from, to))
+            setWordWrapMode(QTextOption::WrapAnywhere);
+    } else if (!haveLongWord(*document(), 0, document()->characterCount())) {
+        setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    }
 }
 
 QString RichTextBox::Text() const

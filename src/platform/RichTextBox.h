@@ -102,7 +102,8 @@ public:
     void setSelUnderline(bool underline);
     void setSelCharOffset(int twips); ///< RTF keeps multiples of 10
 
-    /// Each sets one attribute of every paragraph that the selection touches. Lengths in twips.
+    /// Each sets one attribute of every paragraph that the selection touches; one at whose start
+    /// the selection ends is left alone. Lengths in twips.
     void setSelAlignment(Alignment alignment);
     void setSelBullet(bool bullet);
     void setSelIndent(int twips);        ///< moves all lines: the hanging indent stays
@@ -171,7 +172,8 @@ private:
     void showInactiveSelection();
     void select(int start, int length);
     void showDocument(QTextDocument &document);
-    void textHasChanged();
+    void textHasChanged(int position, int removed, int added);
+    void chooseWrapping(int from, int to);
     [[nodiscard]] bool endsBullet(const QKeyEvent &event) const;
 
     QString tag_;

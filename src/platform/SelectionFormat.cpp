@@ -112,14 +112,18 @@ private:
     Common<int> bulletIndent_;
 };
 
-/// Visits the paragraphs that a selection touches.
+/// Visits the paragraphs that a selection touches. One at whose very start it ends, as it does
+/// after whole lines were selected, is not among them, but for the empty one at the text's end.
 template<typename Visit> void forEachBlock(const QTextCursor &cursor, Visit visit)
 {
     const QTextDocument &document = *cursor.document();
-    const int end = cursor.selectionEnd();
-    for (QTextBlock block = document.findBlock(cursor.selectionStart());
-         block.isValid() && block.position() <= end; block = block.next())
+    const int last = document.characterCount() - 1;
+    const int end = cursor.selectionEnd() == last ? last + 1 : cursor.selectionEnd();
+    QTextBlock block = document.findBlock(cursor.selectionStart());
+    do {
         visit(block);
+        block = block.next();
+    } while (block.isValid() && block.position() < end);
 }
 
 /// Visits the runs of characters that a selection covers, as (position, length, format index). A

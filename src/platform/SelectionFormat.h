@@ -10,7 +10,7 @@ enum class Alignment { Left = 0, Right = 1, Center = 2 };
 
 /// The attributes of a selection. Each is empty where the selected characters or paragraphs differ.
 /// Characters are those selected, or the next one typed where none is; paragraphs are all that the
-/// selection touches. Lengths are in twips.
+/// selection touches, but for one at whose very start it ends. Lengths are in twips.
 struct SelectionFormat
 {
     std::optional<QString> fontName;

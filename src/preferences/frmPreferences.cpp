@@ -10,6 +10,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RunCommand.h"
 #include "platform/ScreenUnits.h"
+#include "platform/SoftHyphen.h"
 #include "preferences/FontFaceDelegate.h"
 #include "preferences/frmBrowse.h"
 #include "ui_frmPreferences.h"
@@ -30,10 +31,11 @@ bool isUsableFolder(const QString &name)
     return folder.isDir() && folder.isReadable() && folder.isExecutable();
 }
 
-/// The name less one separator at its end; the root's own name is nothing but one.
+/// The name less one separator at its end, "\\" also where the platform has "/"; the root's own
+/// name is nothing but one.
 QString withoutSeparator(const QString &folder)
 {
-    const bool endsInOne = folder.endsWith(QDir::separator()) || folder.endsWith(u'/');
+    const bool endsInOne = folder.endsWith(u'\\') || folder.endsWith(u'/');
     return endsInOne && !QDir(folder).isRoot() ? folder.chopped(1) : folder;
 }
 
@@ -86,6 +88,7 @@ void frmPreferences::wire()
     connect(ui_->optUndefinedTranscribe, &QRadioButton::clicked, this,
             &frmPreferences::chooseTranscribe);
     connect(ui_->txtCharNo, &QLineEdit::textChanged, this, &frmPreferences::showCharacterCode);
+    showSoftHyphens(*ui_->txtCharNo);
     SelectAllOnFocus(*ui_->txtCharNo);
     SelectAllOnFocus(*ui_->txtModeLocation);
 
@@ -128,10 +131,13 @@ void frmPreferences::showSettings()
 void frmPreferences::filterTengwarFonts()
 {
     const bool all = !ui_->chkFilterList->isChecked();
-    ui_->cboGenericTengwarFont->clear();
-    ui_->cboGenericTengwarFont->addItems(
-        all ? fonts_ : fonts_.filter(QStringLiteral("tengwa"), Qt::CaseInsensitive));
-    selectText(*ui_->cboGenericTengwarFont, state_.Settings.GenericTengwarFont);
+    QComboBox &list = *ui_->cboGenericTengwarFont;
+    const QSignalBlocker blocker(list); // the list passes through fonts that nobody chose
+    list.clear();
+    list.addItems(all ? fonts_ : fonts_.filter(QStringLiteral("tengwa"), Qt::CaseInsensitive));
+    selectText(list, state_.Settings.GenericTengwarFont);
+    // what isn't listed is not chosen, and stays
+    showSample(*ui_->lblTengwarSample, state_.Settings.GenericTengwarFont);
 }
 
 void frmPreferences::chooseTranscribe()
@@ -142,7 +148,7 @@ void frmPreferences::chooseTranscribe()
 
 void frmPreferences::showCharacterCode()
 {
-    const QString text = ui_->txtCharNo->text();
+    const QString text = heldText(*ui_->txtCharNo);
     ui_->lblCharNo->setText(
         text.isEmpty() ? QString() : QStringLiteral("(# %1)").arg(characterCode(text.front())));
 }
@@ -192,7 +198,7 @@ void frmPreferences::readControls(const QString &modePath)
     takeFont(settings.GenericTengwarFont, *ui_->cboGenericTengwarFont);
     settings.UndefinedAlert = ui_->chkCharAlert->isChecked();
     settings.UndefinedText =
-        ui_->optUndefinedTranscribe->isChecked() ? ui_->txtCharNo->text() : QString();
+        ui_->optUndefinedTranscribe->isChecked() ? heldText(*ui_->txtCharNo) : QString();
     settings.ClearTargetPane = ui_->chkClearTargetPane->isChecked();
 }
 

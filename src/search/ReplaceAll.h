@@ -12,8 +12,11 @@ struct SharedState;
 /// Replaces all matches in a pane. The rounds are done in short slices between which the message
 /// loop is served, since a replacement that makes a new match goes on for ever. The pane shows the
 /// result when they are at an end: nothing is left to replace, stop has been called, Esc has set
-/// AbortRequested, or the pane's window is about to close. A run-time error leaves the pane as it
-/// was.
+/// AbortRequested, or the pane's window is about to close.
+///
+/// A run-time error leaves the pane as it was, also where the text would become too long: only a
+/// replacement that feeds on itself comes that far, no undo state could take its ten million
+/// characters back, and showing them would hold the window up for many seconds.
 ///
 /// Where the pane is changed meanwhile, the rounds begin anew with the text as it then is.
 class ReplaceAll final : public QObject

@@ -6,6 +6,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
+#include "platform/SoftHyphen.h"
 #include "search/TranscribeTyped.h"
 #include "ui_frmFind.h"
 
@@ -65,6 +66,8 @@ void frmFind::connectControls()
     });
     connect(&replaceAll_, &ReplaceAll::progressed, this, &frmFind::showProgress);
     connect(&replaceAll_, &ReplaceAll::finished, this, &frmFind::enableControls);
+    for (QLineEdit *box : {ui_->txtTengwarSearch, ui_->txtTengwarReplace})
+        showSoftHyphens(*box);
     for (QLineEdit *box : {ui_->txtRomanSearch, ui_->txtTengwarSearch, ui_->txtRomanReplace,
                            ui_->txtTengwarReplace}) {
         SelectAllOnFocus(*box);
@@ -137,7 +140,7 @@ void frmFind::clearAbort()
 QString frmFind::sought() const
 {
     return ui_->optRomanSearch->isChecked() ? ui_->txtRomanSearch->text()
-                                            : ui_->txtTengwarSearch->text();
+                                            : heldText(*ui_->txtTengwarSearch);
 }
 
 FindFlags frmFind::flags() const
@@ -154,7 +157,7 @@ FindFlags frmFind::flags() const
 QString frmFind::replacement() const
 {
     return ui_->optRomanReplace->isChecked() ? ui_->txtRomanReplace->text()
-                                             : ui_->txtTengwarReplace->text();
+                                             : heldText(*ui_->txtTengwarReplace);
 }
 
 void frmFind::find()

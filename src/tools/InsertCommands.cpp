@@ -7,14 +7,30 @@
 #include "tools/frmSpecialCharacters.h"
 
 #include <QRegularExpression>
+#include <limits>
+
+namespace {
+
+/// The font in which a text inserted at the start of the selection is written.
+QString fontAtStart(const RichTextBox &pane)
+{
+    QTextCursor start = pane.textCursor();
+    start.setPosition(start.selectionStart());
+    return CharacterFormat::of(start.charFormat(), pane.document()->defaultFont()).family;
+}
+
+} // namespace
 
 QString leadingNumber(const QString &text)
 {
-    constexpr int MostCharacters = 9; // every such number fits into 32 bits
-    static const QRegularExpression number(QStringLiteral("^\\s*\\+?([0-9]+)"));
-    const QString digits = number.match(text.left(MostCharacters)).captured(1);
-    const qint32 value = digits.toInt();
-    return value > 0 ? QString::number(value) : QString();
+    constexpr int MostCharacters = 9;
+    static const QRegularExpression number(
+        QStringLiteral("^\\s*\\+?([0-9]+\\.?[0-9]*|\\.[0-9]+)(e[+-]?[0-9]+)?"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QString found = number.match(text.left(MostCharacters)).captured().trimmed();
+    const double value = found.toDouble(); // 0 where it is infinite or there is none
+    const bool isUsable = value > 0 && value <= std::numeric_limits<qint32>::max();
+    return isUsable ? QString::number(qint32(value)) : QString();
 }
 
 void InsertCommands::insertNumerals()
@@ -33,7 +49,7 @@ void InsertCommands::insertSpecialCharacters()
     RichTextBox *pane = panes_.pane(state_.ActivePane);
     if (pane == nullptr)
         return;
-    state_.TransferValue = pane->SelFormat().fontName.value_or(pane->currentFont().family());
+    state_.TransferValue = pane->SelFormat().fontName.value_or(fontAtStart(*pane));
     frmSpecialCharacters(state_, &window_).exec();
     insert(state_.ActivePane);
     pane->setFocus();

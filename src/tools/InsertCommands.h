@@ -38,6 +38,7 @@ private:
     QWidget &window_;
 };
 
-/// The whole number with which a text begins, as decimal digits; of a longer text only the first
-/// nine characters count. Empty if it is 0 or there is none.
+/// The whole part of the number with which a text begins, as decimal digits. The number is in
+/// decimal notation, with a point and an exponent if it has them; of a longer text only the first
+/// nine characters count. Empty if the number isn't above 0, is beyond 32 bits or there is none.
 [[nodiscard]] QString leadingNumber(const QString &text);

@@ -4,6 +4,7 @@
 #include "editor/SelectAllOnFocus.h"
 #include "editor/SharedState.h"
 #include "platform/ScreenUnits.h"
+#include "platform/SoftHyphen.h"
 #include "ui_frmSpecialCharacters.h"
 
 #include <QEvent>
@@ -22,6 +23,7 @@ frmSpecialCharacters::frmSpecialCharacters(SharedState &state, QWidget *parent)
     ApplyFormFonts(*this, state_.Settings);
     showFont(state_.TransferValue.toString());
     SelectAllOnFocus(*ui_->txtCharacters);
+    showSoftHyphens(*ui_->txtCharacters);
     ui_->txtCharacters->installEventFilter(this);
     connect(ui_->grdChars, &CharacterGrid::currentCellChanged, this,
             &frmSpecialCharacters::showCell);
@@ -53,8 +55,9 @@ void frmSpecialCharacters::showFont(const QString &name)
 
 void frmSpecialCharacters::showCell(const QModelIndex &cell)
 {
-    ui_->lblCharacter->setText(QStringLiteral("Selected character: ") +
-                               CharacterModel::description(cell));
+    QString description = CharacterModel::description(cell);
+    description.replace(u'&', QStringLiteral("&&")); // no mnemonic
+    ui_->lblCharacter->setText(QStringLiteral("Selected character: ") + description);
     ui_->lblSample->setText(CharacterModel::character(cell));
 }
 
@@ -71,7 +74,7 @@ void frmSpecialCharacters::showCollected()
 
 void frmSpecialCharacters::accept()
 {
-    state_.TransferText = ui_->txtCharacters->text();
+    state_.TransferText = heldText(*ui_->txtCharacters);
     QDialog::accept();
 }
 

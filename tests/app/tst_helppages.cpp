@@ -2,6 +2,8 @@
 #include "app/MenuTable.h"
 #include "app/Program.h"
 #include "app/ToolbarTable.h"
+#include "engine/LoadMode.h"
+#include "engine/TranscribeText.h"
 #include "help/HelpBook.h"
 #include "platform/RichTextBox.h"
 #include "support/RegistryFolder.h"
@@ -14,6 +16,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextDocumentFragment>
 #include <QXmlStreamReader>
 
 using namespace Qt::Literals::StringLiterals;
@@ -35,6 +38,7 @@ private Q_SLOTS:
     void everyShortcutIsListed();
     void namedKeysExist();
     void everyToolbarButtonIsNamed();
+    void examplesAreWhatTheModeWrites();
     void opensByItsKey();
 
 private:
@@ -68,6 +72,15 @@ void addCommands(bool withShortcut)
         if (isCommand(i) && (!withShortcut || !entry.shortcut.isEmpty()))
             QTest::newRow(entry.name.data())
                 << QString(entry.name) << spoken(entry.caption) << QString(entry.shortcut);
+    }
+}
+
+void addButtonsWithShortcut()
+{
+    for (const ToolbarEntry &entry : formattingToolbarTable()) {
+        if (!entry.shortcut.isEmpty())
+            QTest::newRow(entry.key.data())
+                << QString() << QString(entry.tip) << QString(entry.shortcut);
     }
 }
 
@@ -195,6 +208,7 @@ void tst_HelpPages::noCommandIsInvented()
 void tst_HelpPages::everyShortcutIsListed_data()
 {
     addCommands(true);
+    addButtonsWithShortcut();
 }
 
 void tst_HelpPages::everyShortcutIsListed()
@@ -208,10 +222,13 @@ void tst_HelpPages::everyShortcutIsListed()
 void tst_HelpPages::namedKeysExist()
 {
     // Those that no menu shows: of the window, the panes, the boxes, and the help itself.
-    QSet<QString> known{u"F5"_s,        u"Esc"_s,       u"Ctrl+Tab"_s,  u"Alt"_s,
-                        u"Menu"_s,      u"Enter"_s,     u"Shift+Del"_s, u"Ctrl+Ins"_s,
-                        u"Shift+Ins"_s, u"Backspace"_s, u"Alt+Left"_s,  u"Alt+Right"_s};
+    QSet<QString> known{u"F5"_s,        u"F6"_s,       u"Shift+F6"_s,  u"Esc"_s,
+                        u"Ctrl+Tab"_s,  u"Alt"_s,      u"Menu"_s,      u"Enter"_s,
+                        u"Shift+Del"_s, u"Ctrl+Ins"_s, u"Shift+Ins"_s, u"Backspace"_s,
+                        u"Alt+Left"_s,  u"Alt+Right"_s};
     for (const MenuEntry &entry : menuTable())
+        known.insert(entry.shortcut);
+    for (const ToolbarEntry &entry : formattingToolbarTable())
         known.insert(entry.shortcut);
     for (const QString &key : matches(u"<kbd>([^<]*)</kbd>"_s))
         QVERIFY2(known.contains(key), qPrintable(key));
@@ -226,10 +243,28 @@ void tst_HelpPages::everyToolbarButtonIsNamed()
     }
 }
 
+void tst_HelpPages::examplesAreWhatTheModeWrites()
+{
+    ModeTable english;
+    QVERIFY(LoadMode(QStringLiteral(QUILLON_PROGRAM_FOLDER "/Modes"), u"English"_s, english));
+    const QRegularExpression example(
+        u"<i>([a-z ]+)</i>[^<]*<span class=\"tengwar\">([^<]*)</span>"_s);
+    auto each = example.globalMatch(book_->page(u"modes.html"_s)->html);
+    QVERIFY(each.hasNext());
+    while (each.hasNext()) {
+        const QRegularExpressionMatch match = each.next();
+        QString word = match.captured(1);
+        TranscriptionContext context;
+        QCOMPARE(TranscribeText(word, english, context),
+                 QTextDocumentFragment::fromHtml(match.captured(2)).toPlainText());
+    }
+}
+
 void tst_HelpPages::opensByItsKey()
 {
     RegistryFolder registry;
-    Program program(registry.registry, QStringLiteral(QUILLON_PROGRAM_FOLDER));
+    Program program(registry.registry, QStringLiteral(QUILLON_PROGRAM_FOLDER),
+                    QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts"));
     QVERIFY(program.Main());
     RichTextBox *pane = program.form().controls().rtbRoman;
     QVERIFY(QTest::qWaitForWindowActive(&program.form()));

@@ -123,9 +123,9 @@ void tst_Toolbars::combosSitAtTheirPlaceholders()
         QVERIFY(toolbar);
         QCOMPARE(toolbar->widgetForAction(fixture.action(place)), fixture.find(combo));
     }
-    QCOMPARE(fixture.find("cboModeName")->toolTip(), u"Tengwar mode"_s);
-    QCOMPARE(fixture.find("cboFontName")->toolTip(), u"Font name"_s);
-    QCOMPARE(fixture.find("cboFontSize")->toolTip(), u"Font size"_s);
+    QCOMPARE(fixture.find("cboModeName")->toolTip(), u"Tengwar mode (F6)"_s);
+    QCOMPARE(fixture.find("cboFontName")->toolTip(), u"Font name (F6)"_s);
+    QCOMPARE(fixture.find("cboFontSize")->toolTip(), u"Font size (F6)"_s);
 
     const auto *sizes = fixture.find<QComboBox>("cboFontSize");
     QCOMPARE(sizes->count(), 34);

@@ -199,6 +199,8 @@ private Q_SLOTS:
         QTest::newRow("29") << QString(29, u'a') << QString(29, u'a');
         QTest::newRow("30") << QString(30, u'a') << QString(29, u'a') + QChar(u'…');
         QTest::newRow("many") << QString(3000, u'a') << QString(29, u'a') + QChar(u'…');
+        QTest::newRow("letter of two units at the cut")
+            << QString(28, u'a') + QStringLiteral("😀b") << QString(28, u'a') + QChar(u'…');
         QTest::newRow("markup") << QStringLiteral("<b>x</b>&y") << QStringLiteral("<b>x</b>&y");
         QTest::newRow("paragraphs") << QStringLiteral("a\r\nb\tc") << QStringLiteral("a  b c");
     }

@@ -3,6 +3,7 @@
 #include "support/MessageBoxes.h"
 #include "support/ModalDialog.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -126,6 +127,33 @@ private Q_SLOTS:
         QCOMPARE(format.bulletIndent, 397);   // 396.9
         QCOMPARE(format.alignment, Alignment::Center);
         QCOMPARE(editor.journal.recorded, QList{PaneCode::Source});
+    }
+
+    void justifiedText_data()
+    {
+        QTest::addColumn<bool>("chooses");
+        QTest::addColumn<Qt::Alignment>("alignment");
+        QTest::newRow("left alone") << false << Qt::Alignment(Qt::AlignJustify);
+        QTest::newRow("left is chosen") << true << Qt::Alignment(Qt::AlignLeft);
+    }
+
+    void justifiedText()
+    {
+        QFETCH(bool, chooses);
+        EditorFixture editor(QStringLiteral("text"));
+        QTextBlockFormat justified;
+        justified.setAlignment(Qt::AlignJustify);
+        editor.source.textCursor().mergeBlockFormat(justified);
+        edit(editor, [chooses](QDialog &dialog) {
+            QComboBox &list = alignmentList(dialog);
+            QCOMPARE(list.currentText(), QStringLiteral("Left"));
+            if (chooses) {
+                list.showPopup();
+                QTest::keyClick(list.view(), Qt::Key_Return);
+            }
+            press(dialog, "cmdOK");
+        });
+        QTEST(editor.source.textCursor().blockFormat().alignment(), "alignment");
     }
 
     void okRecordsAStateEvenWithoutAChange()

@@ -41,6 +41,14 @@ struct Model
     {
         return int(QStringView(text).first(position).count(u'\n'));
     }
+
+    /// The last paragraph that a selection touches: not one at whose start it ends, but for the
+    /// empty one at the end of the text.
+    [[nodiscard]] int lastParagraph(int start, int end) const
+    {
+        const bool endsAtAStart = end > start && end < text.size() && text[end - 1] == u'\n';
+        return paragraphAt(end) - (endsAtAStart ? 1 : 0);
+    }
 };
 
 template<typename Items, typename Member>
@@ -64,7 +72,7 @@ SelectionFormat expectedFormat(const Model &model, int start, int length)
     }
     const std::vector<Model::Paragraph> paragraphs(
         model.paragraphs.begin() + model.paragraphAt(start),
-        model.paragraphs.begin() + model.paragraphAt(start + length) + 1);
+        model.paragraphs.begin() + model.lastParagraph(start, start + length) + 1);
     return {common(characters, &Model::Character::fontName),
             common(characters, &Model::Character::fontSize),
             common(characters, &Model::Character::bold),
@@ -89,7 +97,7 @@ void changeAtRandom(QRandomGenerator &random, RichTextBox &box, Model &model)
             change(model.characters[i]);
     };
     const auto paragraphs = [&](auto change) {
-        for (int i = model.paragraphAt(start); i <= model.paragraphAt(end); ++i)
+        for (int i = model.paragraphAt(start); i <= model.lastParagraph(start, end); ++i)
             change(model.paragraphs[i]);
     };
     const bool on = random.bounded(2) == 1;
@@ -147,6 +155,8 @@ private Q_SLOTS:
     void plainText();
     void mixedAttributes();
     void mixedParagraphs();
+    void wholeLinesLeaveTheNextParagraphAlone();
+    void emptyParagraphAtTheEndTakesPart();
     void caretTakesTheNextCharactersLook();
     void lookOfTheNextCharacter();
     void lookOfTheNextCharacterInAnEmptyText();
@@ -216,12 +226,37 @@ void tst_SelectionFormat::mixedParagraphs()
     QCOMPARE(box.SelFormat().alignment, Alignment::Center);
     box.setSelStart(0);
     QCOMPARE(box.SelFormat().alignment, Alignment::Left);
-    box.setSelLength(3); // the caret stands in the second paragraph
+    box.setSelLength(4);
     QVERIFY(!box.SelFormat().alignment);
     box.setSelAlignment(Alignment::Right);
     QCOMPARE(box.SelFormat().alignment, Alignment::Right);
     box.setSelStart(6);
     QCOMPARE(box.SelFormat().alignment, Alignment::Left);
+}
+
+void tst_SelectionFormat::wholeLinesLeaveTheNextParagraphAlone()
+{
+    RichTextBox box;
+    box.setText(u"one\r\ntwo\r\nthree"_qs);
+    box.setSelLength(5); // as Shift+Down selects it
+    box.setSelAlignment(Alignment::Center);
+    box.setSelBullet(true);
+    QCOMPARE(box.SelFormat().alignment, Alignment::Center);
+    box.setSelStart(5);
+    QCOMPARE(box.SelFormat().alignment, Alignment::Left);
+    QCOMPARE(box.SelFormat().bullet, false);
+    box.setSelAlignment(Alignment::Right); // the caret alone touches where it stands
+    QCOMPARE(box.SelFormat().alignment, Alignment::Right);
+}
+
+void tst_SelectionFormat::emptyParagraphAtTheEndTakesPart()
+{
+    RichTextBox box;
+    box.setText(u"one\r\n"_qs);
+    box.selectAll();
+    box.setSelAlignment(Alignment::Center);
+    box.setSelStart(5);
+    QCOMPARE(box.SelFormat().alignment, Alignment::Center);
 }
 
 void tst_SelectionFormat::caretTakesTheNextCharactersLook()

@@ -1,71 +1,18 @@
 #include "search/frmFind.h"
 
-#include "editor/SharedState.h"
-#include "platform/RichTextBox.h"
-#include "search/SearchCommands.h"
+#include "search/FindWindow.h"
 #include "support/MessageBoxes.h"
-#include "support/ModeFolder.h"
 
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QGroupBox>
-#include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 
 namespace {
-
-/// The two panes in a window, and the find dialog as its commands open it.
-class FindWindow : public QWidget
-{
-public:
-    FindWindow()
-    {
-        auto *layout = new QHBoxLayout(this);
-        layout->addWidget(&source);
-        layout->addWidget(&target);
-        state.Settings.ModePath = folder.path();
-        state.Settings.CurrentMode = u"Test"_qs;
-        folder.add(u"Test"_qs, ModeBytes().rule("a", "1").rule("b", "q").bytes());
-        state.ActivePane = PaneCode::Source;
-        show();
-    }
-
-    [[nodiscard]] bool isSearching() const { return findChild<frmFind *>() != nullptr; }
-    [[nodiscard]] frmFind &dialog() const { return *findChild<frmFind *>(); }
-
-    template<typename Control> [[nodiscard]] Control &get(const char *name) const
-    {
-        return *dialog().findChild<Control *>(QLatin1String(name));
-    }
-
-    void click(const char *name)
-    {
-        auto &button = get<QAbstractButton>(name);
-        QVERIFY2(button.isVisible() && button.isEnabled(), name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, {8, button.height() / 2});
-    }
-
-    void type(const char *box, const QString &text)
-    {
-        auto &control = get<QLineEdit>(box);
-        control.setFocus();
-        control.selectAll();
-        QTest::keyClick(&control, Qt::Key_Delete);
-        for (const QChar character : text)
-            QTest::sendKeyEvent(QTest::Click, &control, Qt::Key_unknown, QString(character), {});
-    }
-
-    ModeFolder folder;
-    SharedState state;
-    bool isTranscribing = false;
-    RichTextBox source;
-    RichTextBox target;
-    SearchCommands commands{state, {source, target}, [this] { return isTranscribing; }, *this};
-};
 
 const QString Wrap = u"The search has reached the end of the document. "
                      u"Do you wish to continue from the top?"_qs;
@@ -82,6 +29,8 @@ private Q_SLOTS:
     void opensWithReplace();
     void openDialogComesToTheFront();
     void enterFindsAndFindsOn();
+    void matchStaysVisible_data();
+    void matchStaysVisible();
     void flags_data();
     void flags();
     void wraps();
@@ -89,18 +38,12 @@ private Q_SLOTS:
     void notFoundFromTheStart();
     void tengwarSearchIsExact();
     void tengwarBoxesAreRefilled();
+    void softHyphenIsAShownLetter();
     void brokenModeKeepsTengwarBoxes();
     void refillClearsAbort();
     void lineBreaksAreFound();
     void replacesAndFindsOn();
     void replacesTheSelectionUnchecked();
-    void replaceAllKeepsFormats();
-    void replaceAllInTengwar();
-    void tenThousandReplacements();
-    void endlessReplacementStaysAlive_data();
-    void endlessReplacementStaysAlive();
-    void growingBeyondTheLimit();
-    void changedMeanwhile();
     void searchesThePaneOfTheMoment();
     void mnemonicsAndNames();
 };
@@ -185,6 +128,50 @@ void tst_frmFind::enterFindsAndFindsOn()
         QCOMPARE(window.source.SelStart(), expected);
         QCOMPARE(window.source.SelText(), u"ab"_qs);
     }
+}
+
+void tst_frmFind::matchStaysVisible_data()
+{
+    QTest::addColumn<int>("line");
+    QTest::addColumn<double>("height"); // of the match, in the dialog's
+    QTest::addColumn<int>("side");      // to which it must move: up, not at all, down
+    QTest::newRow("covered") << 8 << 0.5 << 1;
+    QTest::newRow("covered, with no room below") << 33 << 0.5 << -1;
+    QTest::newRow("above the dialog") << 8 << -0.5 << 0;
+    QTest::newRow("below the dialog") << 30 << 1.5 << 0;
+}
+
+/// Wherever the dialog stands, what it finds is not hidden by it.
+void tst_frmFind::matchStaysVisible()
+{
+    QFETCH(int, line);
+    QFETCH(double, height);
+    QFETCH(int, side);
+    FindWindow window;
+    window.setGeometry(0, 200, 700, 590);
+    QStringList lines(35, u"some words"_qs);
+    lines[line] = u"here it is"_qs;
+    window.source.setText(lines.join(u"\r\n"_qs));
+    window.commands.showFind();
+    frmFind &dialog = window.dialog();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    QTRY_COMPARE(window.height(), 590);
+    QTextCursor place(window.source.document()->findBlockByNumber(line));
+    const auto onScreen = [&](const QRect &rect) {
+        return QRect(window.source.viewport()->mapToGlobal(rect.topLeft()), rect.size());
+    };
+    const int matchTop = onScreen(window.source.cursorRect(place)).top();
+    dialog.move(0, matchTop - int(height * dialog.frameGeometry().height()));
+    const int top = dialog.frameGeometry().top();
+
+    window.type("txtRomanSearch", u"it"_qs);
+    QTest::keyClick(&window.get<QLineEdit>("txtRomanSearch"), Qt::Key_Return);
+    QCOMPARE(window.source.SelText(), u"it"_qs);
+    const QRect match = window.source.cursorRect();
+    QVERIFY(window.source.viewport()->rect().contains(match));
+    QVERIFY(!dialog.frameGeometry().intersects(onScreen(match)));
+    const int newTop = dialog.frameGeometry().top();
+    QCOMPARE(int(newTop > top) - int(newTop < top), side);
 }
 
 void tst_frmFind::flags_data()
@@ -313,6 +300,28 @@ void tst_frmFind::tengwarBoxesAreRefilled()
     QVERIFY(window.get<QCheckBox>("chkWord").isEnabled());
 }
 
+void tst_frmFind::softHyphenIsAShownLetter()
+{
+    const int id = QFontDatabase::addApplicationFont(u"" QUILLON_PROGRAM_FOLDER
+                                                     "/Fonts/TengwarQuillon-Regular.otf"_qs);
+    FindWindow window;
+    window.state.Settings.GenericTengwarFont = QFontDatabase::applicationFontFamilies(id).value(0);
+    window.target.setText(u"q1\xADq \xAD"_qs);
+    window.target.setSelStart(2);
+    window.target.setSelLength(2);
+    window.state.ActivePane = PaneCode::Target;
+    window.commands.showReplace();
+    const auto &sought = window.get<QLineEdit>("txtTengwarSearch");
+    QVERIFY(!sought.text().contains(u'\u00AD')); // which would be invisible
+    window.target.setSelStart(0);
+    window.click("cmdFind");
+    QCOMPARE(window.target.SelText(), u"\xADq"_qs);
+    window.click("optTengwarReplace");
+    window.type("txtTengwarReplace", u"\xAD"_qs);
+    window.click("cmdReplaceAll");
+    QCOMPARE(window.target.Text(), u"q1\xAD \xAD"_qs);
+}
+
 void tst_frmFind::brokenModeKeepsTengwarBoxes()
 {
     FindWindow window;
@@ -394,134 +403,6 @@ void tst_frmFind::replacesTheSelectionUnchecked()
     window.click("cmdReplace");
     QCOMPARE(window.source.Text(), u"q ab ab"_qs);
     QCOMPARE(window.source.SelStart(), 2);
-}
-
-void tst_frmFind::replaceAllKeepsFormats()
-{
-    FindWindow window;
-    window.source.setText(u"ab AB ab"_qs);
-    QTextCursor cursor(window.source.document());
-    cursor.setPosition(3);
-    cursor.setPosition(5, QTextCursor::KeepAnchor);
-    QTextCharFormat bold;
-    bold.setFontWeight(QFont::Bold);
-    cursor.mergeCharFormat(bold);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"ab"_qs);
-    window.type("txtRomanReplace", u"xyz"_qs);
-    const MessageBoxes boxes;
-    window.click("cmdReplaceAll");
-    QCOMPARE(window.source.Text(), u"xyz xyz xyz"_qs);
-    for (int position = 1; position <= 11; ++position) {
-        cursor.setPosition(position);
-        QCOMPARE(cursor.charFormat().fontWeight() == QFont::Bold, position > 4 && position <= 7);
-    }
-    QCOMPARE(window.source.SelStart(), 11);
-    QVERIFY(boxes.seen().empty());
-    QCOMPARE(window.get<QLabel>("lblProgress").text(), QString());
-}
-
-void tst_frmFind::replaceAllInTengwar()
-{
-    FindWindow window;
-    window.target.setText(u"1 1q Q 1Q"_qs);
-    window.state.ActivePane = PaneCode::Target;
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"ab"_qs);
-    window.type("txtRomanReplace", u"a"_qs);
-    window.click("optTengwarReplace");
-    window.click("cmdReplaceAll");
-    QCOMPARE(window.target.Text(), u"1 1 Q 1Q"_qs);
-}
-
-void tst_frmFind::tenThousandReplacements()
-{
-    FindWindow window;
-    window.source.setText(u"a12"_qs.repeated(10'666));
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"bc"_qs);
-    window.click("cmdReplaceAll");
-    QTRY_COMPARE(window.source.Text(), u"bc12"_qs.repeated(10'666));
-}
-
-void tst_frmFind::endlessReplacementStaysAlive_data()
-{
-    QTest::addColumn<int>("way");
-    QTest::newRow("Esc in the dialog") << 0;
-    QTest::newRow("Esc in the window") << 1;
-    QTest::newRow("closing the dialog") << 2;
-    QTest::newRow("closing the window") << 3;
-}
-
-void tst_frmFind::endlessReplacementStaysAlive()
-{
-    QFETCH(int, way);
-    FindWindow window;
-    window.source.setText(u"a-b"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"A"_qs);
-    int served = 0;
-    QTimer heartbeat;
-    heartbeat.callOnTimeout([&] { ++served; });
-    heartbeat.start(0);
-    window.click("cmdReplaceAll");
-    QTRY_VERIFY(served > 20);
-    heartbeat.stop();
-    QVERIFY(window.get<QLabel>("lblProgress").text().contains(u"replaced so far"_qs));
-    QVERIFY(!window.get<QPushButton>("cmdFind").isEnabled());
-    QVERIFY(!window.get<QLineEdit>("txtRomanSearch").isEnabled());
-    switch (way) {
-    case 0:
-        QTest::keyClick(window.dialog().focusWidget(), Qt::Key_Escape);
-        QVERIFY(window.dialog().isVisible());
-        break;
-    case 1:
-        window.state.AbortRequested = true;
-        break;
-    case 2:
-        window.click("cmdClose");
-        QTRY_VERIFY(!window.isSearching());
-        break;
-    default:
-        window.close();
-    }
-    QTRY_COMPARE(window.source.Text(), u"A-b"_qs);
-    if (!window.isSearching())
-        return;
-    QVERIFY(window.get<QPushButton>("cmdFind").isEnabled());
-    QCOMPARE(window.get<QLabel>("lblProgress").text(), QString());
-}
-
-void tst_frmFind::growingBeyondTheLimit()
-{
-    FindWindow window;
-    window.source.setText(u"a"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.get<QLineEdit>("txtRomanReplace").setText(QString(5000, u'a'));
-    MessageBoxes boxes;
-    window.click("cmdReplaceAll");
-    QTRY_COMPARE(int(boxes.seen().size()), 1);
-    QCOMPARE(boxes.seen()[0].text, u"Run-time error '6':\n\nOverflow"_qs);
-    QTRY_VERIFY(window.get<QPushButton>("cmdReplaceAll").isEnabled());
-    QCOMPARE(window.source.Text(), u"a"_qs);
-}
-
-void tst_frmFind::changedMeanwhile()
-{
-    FindWindow window;
-    window.source.setText(u"a-b"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"a"_qs);
-    window.click("cmdReplaceAll");
-    // The user goes on typing, and takes away what would be replaced for ever.
-    QTest::keyClick(&window.source, Qt::Key_Delete);
-    QTest::keyClick(&window.source, Qt::Key_X);
-    QTRY_VERIFY(window.get<QPushButton>("cmdFind").isEnabled());
-    QCOMPARE(window.source.Text(), u"x-b"_qs);
 }
 
 void tst_frmFind::searchesThePaneOfTheMoment()

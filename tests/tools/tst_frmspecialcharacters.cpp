@@ -108,6 +108,9 @@ void tst_frmSpecialCharacters::arrowsMoveAndShow()
     QCOMPARE(picker.sample(), u"A"_qs);
     picker.go(3, 0);
     QCOMPARE(picker.get<QLabel>("lblCharacter").text(), u"Selected character: € (# 128)"_qs);
+    picker.go(0, 6);
+    QCOMPARE(picker.get<QLabel>("lblCharacter").text(), u"Selected character: && (# 38)"_qs);
+    QVERIFY(picker.get<QLabel>("lblCharacter").buddy() == &picker.grid());
     picker.go(0, 5);
     QCOMPARE(picker.get<QLabel>("lblCharacter").text(), u"Selected character: % (# 37)"_qs);
 }

@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextCursor>
 
 namespace {
@@ -62,6 +63,7 @@ private Q_SLOTS:
     void recordsOneState();
     void selectionBeyondTheLimit();
     void longTextTakesLittleTime();
+    void longTextKeepsItsFormats();
 };
 
 void tst_GlyphVariants::convertsLikeTheLiteralLoop_data()
@@ -203,6 +205,36 @@ void tst_GlyphVariants::longTextTakesLittleTime()
     GlyphVariants(pane, journal).curledToStraight();
     QVERIFY2(clock.elapsed() < 500, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
     QCOMPARE(pane.Text(), u"[ a "_qs.repeated(8000));
+}
+
+void tst_GlyphVariants::longTextKeepsItsFormats()
+{
+    constexpr int Characters = 32'000;
+    const auto sizeAt = [](int position) { return 8 + position % 17; };
+    RichTextBox pane;
+    pane.resize(400, 300);
+    pane.show();
+    QTextCursor cursor(pane.document());
+    cursor.beginEditBlock();
+    for (int position = 0; position < Characters; ++position) {
+        QTextCharFormat format;
+        format.setFontPointSize(sizeAt(position));
+        cursor.insertText(position % 2 == 0 ? u"p"_qs : u"a"_qs, format);
+    }
+    cursor.endEditBlock();
+    JournalRecord journal;
+    QElapsedTimer clock;
+    clock.start();
+    GlyphVariants(pane, journal).curledToStraight();
+    QVERIFY2(clock.elapsed() < 2'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
+    QCOMPARE(pane.Text(), u"[a"_qs.repeated(Characters / 2));
+    int position = 0;
+    const QTextBlock block = pane.document()->firstBlock();
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        for (int i = 0; i < it.fragment().length(); ++i, ++position)
+            QCOMPARE(it.fragment().charFormat().fontPointSize(), double(sizeAt(position)));
+    }
+    QCOMPARE(position, Characters);
 }
 
 QTEST_MAIN(tst_GlyphVariants)

@@ -69,6 +69,8 @@ private Q_SLOTS:
     void cancelledCalculator();
     void nothingToInsert();
     void charactersGoToTheActivePane();
+    void pickerShowsTheFontOfTheInsertion_data();
+    void pickerShowsTheFontOfTheInsertion();
     void cancelledPicker();
     void pickerNeedsAPane();
 };
@@ -82,6 +84,22 @@ void tst_InsertCommands::leadingNumbers_data()
     QTest::newRow("fraction") << u"3.9"_qs << u"3"_qs;
     QTest::newRow("blanks around") << u" 12\r\n"_qs << u"12"_qs;
     QTest::newRow("with words") << u"12 ships"_qs << u"12"_qs;
+    QTest::newRow("below one") << u"0.5"_qs << u"0"_qs;
+    QTest::newRow("no digit before the point") << u".5"_qs << u"0"_qs;
+    QTest::newRow("blanks before") << u"  12"_qs << u"12"_qs;
+    QTest::newRow("blanks within") << u"1 2"_qs << u"1"_qs;
+    QTest::newRow("plus sign") << u"+7"_qs << u"7"_qs;
+    QTest::newRow("decimal comma") << u"1,5"_qs << u"1"_qs;
+    QTest::newRow("exponent") << u"1e3"_qs << u"1000"_qs;
+    QTest::newRow("large exponent") << u"2.5E+9"_qs << QString();
+    QTest::newRow("largest by exponent") << u"1e9"_qs << u"1000000000"_qs;
+    QTest::newRow("beyond all numbers") << u"1e999"_qs << QString();
+    QTest::newRow("no exponent") << u"5 east"_qs << u"5"_qs;
+    QTest::newRow("no exponent at once") << u"5east"_qs << u"5"_qs;
+    QTest::newRow("other bases") << u"&H10"_qs << QString();
+    QTest::newRow("behind a line break") << u"\r\n4"_qs << u"4"_qs;
+    QTest::newRow("digits of other scripts") << u"\u0661"_qs << QString();
+    QTest::newRow("nine characters with blanks") << u"     123456"_qs << u"1234"_qs;
     QTest::newRow("leading zeros") << u"007"_qs << u"7"_qs;
     QTest::newRow("zero") << u"0"_qs << QString();
     QTest::newRow("negative") << u"-3"_qs << QString();
@@ -176,6 +194,44 @@ void tst_InsertCommands::charactersGoToTheActivePane()
         QCOMPARE(window.state.TransferText, u"B"_qs);
     }
     QCOMPARE(window.journal.saved.size(), 2);
+}
+
+void tst_InsertCommands::pickerShowsTheFontOfTheInsertion_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("length");
+    QTest::addColumn<QString>("font");
+    QTest::newRow("caret") << 1 << 0 << u"First"_qs;
+    QTest::newRow("selection") << 3 << 1 << u"Second"_qs;
+    QTest::newRow("mixed selection") << 1 << 3 << u"First"_qs;
+    QTest::newRow("mixed from the start") << 0 << 4 << u"First"_qs;
+    QTest::newRow("mixed, selected backwards") << 3 << -2 << u"First"_qs;
+}
+
+void tst_InsertCommands::pickerShowsTheFontOfTheInsertion()
+{
+    QFETCH(int, start);
+    QFETCH(int, length);
+    InsertWindow window;
+    for (const QString &font : {u"First"_qs, u"Second"_qs}) {
+        QTextCharFormat format;
+        format.setFontFamilies({font});
+        window.source.textCursor().insertText(u"ab"_qs, format);
+    }
+    QTextCursor cursor = window.source.textCursor();
+    cursor.setPosition(start);
+    cursor.setPosition(start + length, QTextCursor::KeepAnchor);
+    window.source.setTextCursor(cursor);
+    window.state.ActivePane = PaneCode::Source;
+    QString font;
+    inDialog([&font](QDialog &dialog) {
+        auto *grid = dialog.findChild<CharacterGrid *>(u"grdChars"_qs);
+        font = grid->font().family();
+        QTest::keyClick(grid, Qt::Key_Return);
+        click(dialog, "cmdOK");
+    });
+    window.commands.insertSpecialCharacters();
+    QTEST(font, "font");
 }
 
 void tst_InsertCommands::cancelledPicker()

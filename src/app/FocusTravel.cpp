@@ -1,0 +1,42 @@
+#include "app/FocusTravel.h"
+
+#include "app/Form1.h"
+#include "app/ToolbarCombo.h"
+
+#include <QShortcut>
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+enum class Step { Back = -1, On = 1 };
+
+void travel(Form1 &form, Step step)
+{
+    const FormControls &controls = form.controls();
+    std::vector<QWidget *> stops = {nullptr}; // the active pane
+    for (QWidget *list : {controls.cboModeName, controls.cboFontName, controls.cboFontSize}) {
+        if (list->isVisible())
+            stops.push_back(list);
+    }
+    const auto present = std::find(stops.begin(), stops.end(), form.focusWidget());
+    const size_t place = present == stops.end() ? 0 : size_t(present - stops.begin());
+    QWidget *next = stops[(place + stops.size() + size_t(step)) % stops.size()];
+    if (next != nullptr)
+        next->setFocus(Qt::ShortcutFocusReason);
+    else
+        form.SetRTBFocus();
+}
+
+} // namespace
+
+void connectFocusTravel(Form1 &form)
+{
+    const auto connectKey = [&form](const QKeySequence &key, Step step) {
+        auto *shortcut = new QShortcut(key, &form);
+        QObject::connect(shortcut, &QShortcut::activated, &form,
+                         [&form, step] { travel(form, step); });
+    };
+    connectKey(Qt::Key_F6, Step::On);
+    connectKey(Qt::SHIFT | Qt::Key_F6, Step::Back);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/Form1.h"
+#include "app/Program.h"
+#include "editor/SettingKeys.h"
+#include "support/ModeFolder.h"
+#include "support/RegistryFolder.h"
+
+#include <QTest>
+
+/// The whole program at its start, with settings, a program folder and one mode of its own.
+struct ProgramFixture
+{
+    RegistryFolder registry;
+    ModeFolder modes;
+    std::unique_ptr<Program> program;
+
+    ProgramFixture()
+    {
+        modes.add(QStringLiteral("Test"), ModeBytes().rule("a", "1").rule("b", "q").bytes());
+        for (const QString &name : {QStringLiteral("Source.tpl"), QStringLiteral("Target.tpl")}) {
+            if (!QFile::copy(QStringLiteral(QUILLON_PROGRAM_FOLDER "/") + name,
+                             registry.folder.filePath(name)))
+                qFatal("A template is missing");
+        }
+        registry.settings.write(SettingKey::Mode, QStringLiteral("Path"), modes.path());
+        registry.settings.write(SettingKey::Mode, QStringLiteral("CurrentMode"),
+                                QStringLiteral("Test"));
+        program = std::make_unique<Program>(registry.registry, registry.folder.path());
+        if (!program->Main() || !QTest::qWaitForWindowActive(&form()))
+            qFatal("The program did not start");
+    }
+
+    [[nodiscard]] Form1 &form() const { return program->form(); }
+};
