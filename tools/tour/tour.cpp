@@ -7,10 +7,10 @@
 
 #include "Camera.h"
 
+#include "about/frmSplash.h"
 #include "app/Form1.h"
 #include "app/Program.h"
 #include "app/ToolbarCombo.h"
-#include "app/frmSplash.h"
 #include "help/HelpCommands.h"
 #include "platform/FileRegistryStore.h"
 #include "platform/RegistryFunctions.h"
@@ -286,6 +286,7 @@ void Tour::everything()
                           camera_.takeModal(
                               u"frmBrowse"_s, [&browse] { browse.click(); }, waitForFolders);
                       });
+    camera_.takeModal(u"frmAbout"_s, triggering("mnuHAbout"_L1));
     camera_.takeModal(u"font"_s, triggering("mnuFFont"_L1));
     form().controls().rtbRoman->setTag({}); // nothing to be asked about
     camera_.takeModal(u"open"_s, triggering("mnuFOpen"_L1));
@@ -321,7 +322,8 @@ int main(int argc, char **argv)
     const QTemporaryDir settings;
     FileRegistryStore store(settings.filePath(u"user"_s), settings.filePath(u"system"_s));
     RegistryFunctions registry(store);
-    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER));
+    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER),
+                    QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts"));
     if (!program.Main())
         return EXIT_FAILURE;
     program.form().resize(880, 480);
