@@ -2,7 +2,6 @@
 #include "editor/frmParagraph.h"
 #include "modes/frmModes.h"
 #include "platform/RichTextBox.h"
-#include "preferences/ElidedLabel.h"
 #include "preferences/frmBrowse.h"
 #include "preferences/frmPreferences.h"
 #include "search/frmFind.h"
