@@ -3,17 +3,18 @@
 #
 #   ./run.sh            build and start; without a display: do the main job on a virtual one
 #   ./run.sh --build    build only
+#   ./run.sh --package  make a Debian package and say where it is
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 
 usage() {
-    sed -n '2,5s/^# \{0,1\}//p' "$0"
+    sed -n '2,6s/^# \{0,1\}//p' "$0"
 }
 
-build_only=
+task=run
 for argument in "$@"; do
     case $argument in
-        --build) build_only=yes ;;
+        --build | --package) task=${argument#--} ;;
         -h | --help) usage; exit 0 ;;
         *) usage >&2; exit 2 ;;
     esac
@@ -24,7 +25,13 @@ tools/ensure-packages "${build_packages[@]}" "${run_packages[@]}"
 cmake --preset release -DBUILD_TESTING=OFF -DQUILLON_BENCHMARKS=OFF >build-configure.log 2>&1 || { cat build-configure.log; exit 1; }
 rm -f build-configure.log
 cmake --build --preset release
-[ -z "$build_only" ] || exit 0
+if [ "$task" = package ]; then
+    tools/ensure-packages "${package_packages[@]}"
+    rm -rf build/packages
+    cpack --config build/CPackConfig.cmake >/dev/null
+    ls "$PWD"/build/packages/*.deb
+fi
+[ "$task" = run ] || exit 0
 
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec build/app/quillon

@@ -37,12 +37,15 @@ function(quillon_library name)
     target_link_libraries(${name} PUBLIC ${arg_LINK} PRIVATE quillon_options)
 endfunction()
 
-# quillon_program(NAME SOURCES file... LINK library...): a program in the program folder
+# quillon_program(NAME SOURCES file... LINK library...): a program in the program folder, which people
+# start through a link in the path once it is installed
 function(quillon_program name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINK")
     add_executable(${name} ${arg_SOURCES})
     target_link_libraries(${name} PRIVATE ${arg_LINK} quillon_options)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${QUILLON_PROGRAM_FOLDER}")
+    install(TARGETS ${name} DESTINATION "${QUILLON_INSTALLED_FOLDER}")
+    quillon_install_link("${CMAKE_INSTALL_BINDIR}/${name}" "${QUILLON_INSTALLED_FOLDER}/${name}")
 endfunction()
 
 # quillon_test(NAME LINK library... [SOURCES file...] [NEEDS target...] [DEFINE definition...]):

@@ -100,7 +100,7 @@ struct Hook
 
 inline constexpr std::array<Hook, 5> hooks{{
     {u"azsxdcfvgbhnAZSX8o]", u'|'},
-    {u"123456!@", u'+'},
+    {u"123456!@7uil,9.", u'+'},
     {u"qwertyQW", u'\u00a1'},
     {u"jm", u'_'},
     {u"`", u'}'},

@@ -21,7 +21,8 @@ import fontforge  # noqa: E402  (reads the environment)
 sys.path.insert(0, str(Path(__file__).parent))
 
 from tengwar import kerning, metrics  # noqa: E402
-from tengwar.codes import unicode_of  # noqa: E402
+from tengwar.codes import code_of, unicode_of  # noqa: E402
+from tengwar.hooks import VARIANTS  # noqa: E402
 from tengwar.metrics import STYLES, Style  # noqa: E402
 from tengwar.outline import draw  # noqa: E402
 from tengwar.places import HEIGHTS, anchor  # noqa: E402
@@ -85,6 +86,27 @@ def add_kerning(font, style: Style) -> None:
     for left, right, distance in kerning.pairs():
         glyph = font[glyph_name(SIGNS[left])]
         glyph.addPosSub("kerning pairs", glyph_name(SIGNS[right]), round(distance * style.advance_scale))
+
+
+def add_variants(font, style: Style) -> None:
+    """Hooks in another shape behind signs that are in the way of their own."""
+
+    def coverage(keys: str) -> str:
+        return "[" + " ".join(glyph_name(SIGNS[code_of(key)]) for key in keys) + "]"
+
+    for variant in VARIANTS:
+        name = variant.sign.name
+        add_sign(font, style, -1, variant.sign)
+        font.addLookup(name, "gsub_single", (), ())
+        font.addLookupSubtable(name, name + " shape")
+        font[glyph_name(SIGNS[variant.code])].addPosSub(name + " shape", glyph_name(variant.sign))
+        font.addLookup(name + " use", "gsub_contextchain", (), (("ccmp", SCRIPTS),))
+        for number, sequence in enumerate(variant.behind):
+            hook = "[" + glyph_name(SIGNS[variant.code]) + "]"
+            before = " ".join(coverage(keys) for keys in sequence)
+            font.addContextualSubtable(
+                name + " use", f"{name} use {number}", "coverage", f"{before} | {hook} @<{name}> |"
+            )
 
 
 def set_metrics(font, style: Style) -> None:
@@ -161,6 +183,7 @@ def make_font(style: Style, version: str):
         add_sign(font, style, unicode_of(code), sign, [*private.get(code, ()), SYMBOL_AREA + code])
     for character, mark in floating_marks().items():
         add_sign(font, style, character, mark)
+    add_variants(font, style)
     add_anchors(font, style)
     add_kerning(font, style)
     set_hints(font)

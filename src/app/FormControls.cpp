@@ -5,6 +5,7 @@
 #include "app/ToolbarBuilder.h"
 #include "app/ToolbarCombo.h"
 #include "platform/RichTextBox.h"
+#include <QLineEdit>
 
 namespace {
 
@@ -30,12 +31,16 @@ void makeToolbars(QWidget &inner, FormControls &controls)
     controls.cboModeName = makeCombo("cboModeName"_L1, "Tengwar mode"_L1, 12);
     controls.cboFontName = makeCombo("cboFontName"_L1, "Font name"_L1, 16);
     controls.cboFontSize = makeCombo("cboFontSize"_L1, "Font size"_L1, 3);
-    controls.cboFontName->setEditable(true);
-    controls.cboFontSize->setEditable(true);
+    for (ToolbarCombo *combo : {controls.cboFontName, controls.cboFontSize}) {
+        combo->setEditable(true);
+        combo->lineEdit()->setAccessibleName(combo->accessibleName());
+    }
 
     controls.Toolbar1 = named(new QToolBar(&inner), "Toolbar1"_L1);
+    controls.Toolbar1->setAccessibleName(QStringLiteral("Standard toolbar"));
     buildToolbar(*controls.Toolbar1, standardToolbarTable(), {{"Mode"_L1, controls.cboModeName}});
     controls.tbrFormat = named(new QToolBar(&inner), "tbrFormat"_L1);
+    controls.tbrFormat->setAccessibleName(QStringLiteral("Formatting toolbar"));
     buildToolbar(*controls.tbrFormat, formattingToolbarTable(),
                  {{"FontName"_L1, controls.cboFontName}, {"FontSize"_L1, controls.cboFontSize}});
 }

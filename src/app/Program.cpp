@@ -1,5 +1,7 @@
 #include "app/Program.h"
 
+#include "about/frmAbout.h"
+#include "about/frmSplash.h"
 #include "app/DocumentCommands.h"
 #include "app/Form1.h"
 #include "app/Subjects.h"
@@ -8,16 +10,18 @@
 #include "app/WindowCommands.h"
 #include "app/WindowPlacement.h"
 #include "app/WritingCommands.h"
-#include "app/frmSplash.h"
 #include "editor/DefaultFonts.h"
 #include "editor/SettingKeys.h"
 #include "editor/StandardUnit.h"
 #include "platform/FontList.h"
 #include "platform/RunCommand.h"
+#include "platform/SymbolFonts.h"
 
 #include "Version.h"
 
 #include <QGuiApplication>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -37,7 +41,8 @@ QString orElse(const QString &text, const QString &other)
 
 } // namespace
 
-Program::Program(RegistryFunctions &registry, const QString &programFolder) : stored_(registry)
+Program::Program(RegistryFunctions &registry, const QString &programFolder, QString fontFolder)
+    : registry_(registry), stored_(registry), fontFolder_(std::move(fontFolder))
 {
     state_.ProgramFolder = programFolder;
 }
@@ -88,7 +93,9 @@ void Program::readSettings()
         settings.StandardUnit = QStringLiteral("mm");
     settings.UnitFactor = *twipsPerUnit(settings.StandardUnit);
 
-    fonts_ = installedFonts(registerFonts(state_.ProgramFolder + QStringLiteral("/Fonts")));
+    const QStringList ownFonts = registerFonts(fontFolder_);
+    showCodePageInSymbolFonts();
+    fonts_ = installedFonts(ownFonts);
     settings.GenericRomanFont = orElse(settings.GenericRomanFont, ChooseDefaultTextFont(fonts_));
     settings.GenericTengwarFont =
         orElse(settings.GenericTengwarFont, ChooseDefaultTengwarFont(fonts_));
@@ -102,8 +109,10 @@ void Program::loadForm()
     subjects_ = std::make_unique<Subjects>(*form_, state_, stored_);
     connectDocumentCommands(*form_, state_, *subjects_);
     connectWritingCommands(*form_, state_, *subjects_);
-    connectTranscriptionCommands(*form_, state_, subjects_->run);
+    connectTranscriptionCommands(*form_, state_, *subjects_);
     connectToolCommands(*form_, state_, stored_, fonts_, *subjects_);
+    form_->commands().connect({"mnuHAbout"_L1},
+                              [this] { frmAbout(state_.Settings, registry_, form_.get()).exec(); });
     form_->Load({subjects_->run, subjects_->documents, subjects_->journal, subjects_->indicator},
                 fonts_);
 }
@@ -116,6 +125,8 @@ void Program::unload()
     stored_.write(SettingKey::Fonts, QStringLiteral("GenericRomanFont"), settings.GenericRomanFont);
     stored_.write(SettingKey::Fonts, QStringLiteral("GenericTengwarFont"),
                   settings.GenericTengwarFont);
+    if (subjects_->modeEditor.isLocated())
+        stored_.write(SettingKey::Mode, QStringLiteral("EditorPath"), settings.EditorPath);
     runCommand(form_.get(), [this] { subjects_->journal.ClearUndoFiles(QStringLiteral("*")); });
     QCoreApplication::exit();
 }

@@ -16,8 +16,9 @@ class Program final : public QObject
     Q_OBJECT
 
 public:
-    /// `programFolder` is the program's own folder, without a separator at its end.
-    Program(RegistryFunctions &registry, const QString &programFolder);
+    /// `programFolder` is the program's own folder, `fontFolder` that of the fonts that it brings
+    /// along; both without a separator at their end.
+    Program(RegistryFunctions &registry, const QString &programFolder, QString fontFolder);
     ~Program() override;
 
     /// Starts: reads the settings and opens the main window. False if the start failed; the user
@@ -34,8 +35,10 @@ private:
     void loadForm();
     void unload();
 
+    RegistryFunctions &registry_;
     StoredSettings stored_;
     SharedState state_;
+    QString fontFolder_;
     QStringList fonts_;
     std::unique_ptr<Form1> form_;
     std::unique_ptr<Subjects> subjects_;

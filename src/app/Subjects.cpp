@@ -52,11 +52,11 @@ Subjects::Subjects(Form1 &form, SharedState &state, StoredSettings &stored)
       run(state,
           {form, panes.source, panes.target, journal, form.tmrStatus(), form.tmrAutoGenerate()},
           [&form, &state] { showModes(form, state); }),
-      edit(state, journal), format(state, panes, journal), indicator(formatControls(form)),
-      keys(form, journal, paneCommands(form)),
+      modeEditor(state.Settings, form), edit(state, journal), format(state, panes, journal),
+      indicator(formatControls(form)), keys(form, journal, paneCommands(form)),
       search(
           state, panes, [this] { return run.isRunning(); }, form),
-      insert(state, panes, journal, stored, form), glyphs(panes.target, journal)
+      insert(state, panes, journal, stored, form), glyphs(panes.target, journal), help(state, form)
 {
     keys.watch(panes.source, PaneCode::Source);
     keys.watch(panes.target, PaneCode::Target);

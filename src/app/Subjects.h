@@ -9,6 +9,8 @@
 #include "editor/Panes.h"
 #include "editor/RtfUndoJournal.h"
 #include "engine/run/TranscriptionRun.h"
+#include "help/HelpCommands.h"
+#include "modes/ModeEditor.h"
 #include "search/SearchCommands.h"
 #include "tools/GlyphVariants.h"
 #include "tools/InsertCommands.h"
@@ -27,6 +29,7 @@ struct Subjects
     RtfUndoJournal journal;
     PaneDocuments documents;
     TranscriptionRun run;
+    ModeEditor modeEditor;
     EditCommands edit;
     FormatCommands format;
     FormatIndicator indicator;
@@ -34,6 +37,7 @@ struct Subjects
     SearchCommands search;
     InsertCommands insert;
     GlyphVariants glyphs;
+    HelpCommands help;
 
 private:
     [[nodiscard]] PaneCommands paneCommands(Form1 &form);

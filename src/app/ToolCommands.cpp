@@ -49,6 +49,7 @@ void connectToolCommands(Form1 &form, SharedState &state, StoredSettings &stored
 {
     connectSearch(form, state, subjects.search);
     connectTengwarTools(form, subjects);
+    form.commands().connect({"mnuHContents"_L1}, [&subjects] { subjects.help.showContents(); });
     form.commands().connect({"mnuEPreferences"_L1}, [&form, &state, &stored, fonts] {
         const auto applySettings = [&form, &state] {
             form.refillModeList();

@@ -1,10 +1,10 @@
 #include "app/TranscriptionCommands.h"
 
 #include "app/Form1.h"
+#include "app/Subjects.h"
 #include "app/ToolbarCombo.h"
 #include "editor/SharedState.h"
 #include "engine/run/ChooseMode.h"
-#include "engine/run/TranscriptionRun.h"
 #include "modes/frmModes.h"
 #include "platform/RunCommand.h"
 
@@ -19,8 +19,9 @@ void showModes(Form1 &form, SharedState &state)
     dialog.exec();
 }
 
-void connectTranscriptionCommands(Form1 &form, SharedState &state, TranscriptionRun &run)
+void connectTranscriptionCommands(Form1 &form, SharedState &state, Subjects &subjects)
 {
+    TranscriptionRun &run = subjects.run;
     Commands &commands = form.commands();
     commands.connect({"mnuTTranscribe"_L1, "Toolbar1.Transcribe"_L1},
                      [&run] { run.PrepareGeneration(); });
@@ -30,6 +31,7 @@ void connectTranscriptionCommands(Form1 &form, SharedState &state, Transcription
         if (state.TransferValue.toString() == "Transcribe"_L1)
             run.PrepareGeneration();
     });
+    commands.connect({"mnuTRunModeSmith"_L1}, [&subjects] { subjects.modeEditor.runModeSmith(); });
 
     QObject::connect(&run, &TranscriptionRun::message, &form, &Form1::DisplayMessage);
     QObject::connect(&run, &TranscriptionRun::progress, &form, &Form1::showProgress);

@@ -94,6 +94,12 @@ qint16 storedTwips(qint64 twips)
     return static_cast<qint16>(std::clamp<qint64>(twips, Limits::min(), Limits::max()));
 }
 
+/// Wayland neither puts a window where a program asks nor tells where it is.
+bool platformTellsPlaces()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1StringView("wayland"));
+}
+
 void storeGeometry(const Form1 &form, StoredSettings &settings)
 {
     const double perPixelX = twipsPerPixelX(form);
@@ -101,8 +107,11 @@ void storeGeometry(const Form1 &form, StoredSettings &settings)
     const auto store = [&](const QString &name, int twips) {
         settings.write(SettingKey::Window, name, storedTwips(twips));
     };
-    store(QStringLiteral("Left"), toTwips(form.x(), perPixelX));
-    store(QStringLiteral("Top"), toTwips(form.y(), perPixelY));
+    const bool isFirst = settings.text(SettingKey::Window, QStringLiteral("Width")).isEmpty();
+    if (isFirst || platformTellsPlaces()) {
+        store(QStringLiteral("Left"), toTwips(form.x(), perPixelX));
+        store(QStringLiteral("Top"), toTwips(form.y(), perPixelY));
+    }
     store(QStringLiteral("Width"), toTwips(form.width(), perPixelX));
     store(QStringLiteral("Height"), toTwips(form.height(), perPixelY));
 }

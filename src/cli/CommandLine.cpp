@@ -1,9 +1,10 @@
 #include "cli/CommandLine.h"
 
+#include "platform/ProgramFolder.h"
+
 #include "Version.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <cstdio>
 
@@ -57,5 +58,7 @@ void print(const QString &text)
 
 QString defaultModesFolder()
 {
-    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("Modes"));
+    const ProgramFolder folder(QCoreApplication::applicationDirPath(),
+                               ProgramFolder::defaultUserFolder());
+    return folder.path() + QStringLiteral("/Modes");
 }

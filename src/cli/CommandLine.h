@@ -31,5 +31,6 @@ void complain(const QString &message);
 /// Writes a text to standard output as UTF-8; throws `CommandFailure` when that fails.
 void print(const QString &text);
 
-/// The folder that modes are looked for in when none is named: "Modes" beside the program.
+/// The folder that modes are looked for in when none is named: "Modes" in the folder that the
+/// window uses, so that both have the same modes.
 [[nodiscard]] QString defaultModesFolder();

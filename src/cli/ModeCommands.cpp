@@ -1,27 +1,37 @@
 #include "cli/ModeCommands.h"
 
 #include "cli/CommandLine.h"
+#include "cli/CommandTable.h"
 #include "engine/CodePage.h"
 #include "engine/LoadMode.h"
 #include "engine/source/CheckMode.h"
 #include "engine/source/PackMode.h"
 #include "engine/source/UnpackMode.h"
 
+#include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <array>
 
 namespace {
 
+// More than ten times what the largest mode that can be transcribed with takes. Whole files are
+// held in memory, also endless ones.
+constexpr qint64 maximumFileLength = 16 << 20;
+
 QByteArray readFile(const QString &name)
 {
     QFile file(name);
     const bool isOpen = file.open(QIODevice::ReadOnly);
-    QByteArray bytes = isOpen ? file.readAll() : QByteArray();
+    QByteArray bytes = isOpen ? file.read(maximumFileLength + 1) : QByteArray();
     if (file.error() != QFileDevice::NoError)
         throw CommandFailure{QStringLiteral("%1: %2").arg(name, file.errorString())};
+    if (bytes.size() > maximumFileLength)
+        throw CommandFailure{
+            QStringLiteral("%1: larger than any mode (%2 bytes)").arg(name).arg(maximumFileLength)};
     return bytes;
 }
 
@@ -86,7 +96,7 @@ int list(const QStringList &arguments)
     parser.setApplicationDescription(QStringLiteral("Lists the modes of a folder."));
     const QCommandLineOption modes(
         QStringLiteral("modes"),
-        QStringLiteral("Folder of the modes (default: beside the program)."),
+        QStringLiteral("Folder of the modes (default: the one that the window uses)."),
         QStringLiteral("FOLDER"), defaultModesFolder());
     parser.addOption(modes);
     if (const auto status = parseFiles(parser, arguments, {}))
@@ -112,10 +122,14 @@ int check(const QStringList &arguments)
     if (const auto status = parseFiles(parser, arguments, {QStringLiteral("FILE.mod")}))
         return *status;
     const QString name = parser.positionalArguments().first();
-    ModeTable table;
-    if (!loadModeFile(name, table))
+    if (!QFileInfo(name).isFile())
         throw CommandFailure{QStringLiteral("there is no mode %1").arg(name)};
-    const ModeReport report = checkMode(readFile(name));
+    QByteArray bytes = readFile(name);
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    ModeTable table; // what can't be loaded is told as a run would tell it
+    readMode(buffer, name, table);
+    const ModeReport report = checkMode(bytes);
     for (const SourceProblem &fault : report.faults)
         complain(
             fault.line == 0
@@ -127,50 +141,16 @@ int check(const QStringList &arguments)
     return report.faults.isEmpty() ? ExitSuccess : ExitFailure;
 }
 
-struct Command
-{
-    const char *name;
-    const char *summary;
-    int (*run)(const QStringList &arguments);
-};
-
 constexpr std::array commands = {
-    Command{"pack", "SOURCE OUT.mod     make a mode file of a mode source", pack},
-    Command{"unpack", "FILE.mod         write a mode file as a source", unpack},
-    Command{"list", "[--modes FOLDER]   list the modes of a folder", list},
-    Command{"check", "FILE.mod          look for faults in a mode file", check},
+    Command{"pack", "SOURCE OUT.mod", "make a mode file of a mode source", pack},
+    Command{"unpack", "FILE.mod", "write a mode file as a source", unpack},
+    Command{"list", "[--modes FOLDER]", "list the modes of a folder", list},
+    Command{"check", "FILE.mod", "look for faults in a mode file", check},
 };
-
-QString usage()
-{
-    QString text = QStringLiteral("Usage: quillon-cli mode COMMAND [OPTIONS] [FILE...]\n"
-                                  "       quillon-cli mode COMMAND --help\n\nCommands:\n");
-    for (const Command &command : commands)
-        text += QStringLiteral("  %1 %2\n")
-                    .arg(QLatin1String(command.name), QLatin1String(command.summary));
-    return text;
-}
 
 } // namespace
 
 int mode(const QStringList &arguments)
 {
-    const QString name = arguments.value(1);
-    for (const Command &command : commands) {
-        if (name == QLatin1String(command.name)) {
-            QStringList words = arguments.sliced(1);
-            words.first().prepend(QStringLiteral("mode "));
-            return command.run(words);
-        }
-    }
-    if (name == u"--help" || name == u"-h") {
-        print(usage());
-        return ExitSuccess;
-    }
-    if (name == u"--version" || name == u"-v") {
-        print(versionLine());
-        return ExitSuccess;
-    }
-    return wrongUsage(name.isEmpty() ? QStringLiteral("mode needs a command")
-                                     : QStringLiteral("unknown command 'mode %1'").arg(name));
+    return runCommand(arguments.first(), commands, arguments.sliced(1));
 }

@@ -122,7 +122,7 @@ int transcribe(const QStringList &arguments)
                                   QStringLiteral("MODE"));
     const QCommandLineOption modes(
         QStringLiteral("modes"),
-        QStringLiteral("Folder of the modes (default: beside the program)."),
+        QStringLiteral("Folder of the modes (default: the one that the window uses)."),
         QStringLiteral("FOLDER"), defaultModesFolder());
     const QCommandLineOption undefined(
         QStringLiteral("undefined"),

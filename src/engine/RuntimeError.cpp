@@ -4,25 +4,25 @@ QString errorDescription(ErrorNumber number)
 {
     switch (number) {
     case ErrorNumber::InvalidProcedureCall:
-        return QStringLiteral("Invalid procedure call or argument");
+        return RuntimeError::tr("Invalid procedure call or argument");
     case ErrorNumber::Overflow:
-        return QStringLiteral("Overflow");
+        return RuntimeError::tr("Overflow");
     case ErrorNumber::OutOfMemory:
-        return QStringLiteral("Out of memory");
+        return RuntimeError::tr("Out of memory");
     case ErrorNumber::TypeMismatch:
-        return QStringLiteral("Type mismatch");
+        return RuntimeError::tr("Type mismatch");
     case ErrorNumber::FileNotFound:
-        return QStringLiteral("File not found");
+        return RuntimeError::tr("File not found");
     case ErrorNumber::DeviceIo:
-        return QStringLiteral("Device I/O error");
+        return RuntimeError::tr("Device I/O error");
     case ErrorNumber::DiskFull:
-        return QStringLiteral("Disk full");
+        return RuntimeError::tr("Disk full");
     case ErrorNumber::PermissionDenied:
-        return QStringLiteral("Permission denied");
+        return RuntimeError::tr("Permission denied");
     case ErrorNumber::PathFileAccess:
-        return QStringLiteral("Path/File access error");
+        return RuntimeError::tr("Path/File access error");
     case ErrorNumber::PathNotFound:
-        return QStringLiteral("Path not found");
+        return RuntimeError::tr("Path not found");
     }
     Q_UNREACHABLE();
 }
@@ -36,7 +36,7 @@ RuntimeError::RuntimeError(ErrorNumber number, QString where)
 
 QString RuntimeError::message() const
 {
-    QString text = QStringLiteral("Run-time error '%1':\n\n").arg(static_cast<int>(number_));
+    QString text = tr("Run-time error '%1':\n\n").arg(static_cast<int>(number_));
     text += description();
     if (!where_.isEmpty())
         text += QLatin1Char('\n') + where_;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <exception>
 
@@ -17,13 +18,16 @@ enum class ErrorNumber {
     PathNotFound = 76,
 };
 
-/// The wording that belongs to an error number, such as "Overflow".
+/// The wording that belongs to an error number, such as "Overflow", translated where a translation
+/// is installed.
 [[nodiscard]] QString errorDescription(ErrorNumber number);
 
 /// A failure that ends the running command. It is thrown where the failure is met and caught at the
 /// one door through which commands enter; it never passes through Qt's own code.
 class RuntimeError : public std::exception
 {
+    Q_DECLARE_TR_FUNCTIONS(RuntimeError)
+
 public:
     /// `where` says what was being worked on (a file, a record), for people; it may be empty.
     explicit RuntimeError(ErrorNumber number, QString where = {});

@@ -1,6 +1,7 @@
 #include "platform/CommonDialog.h"
 
 #include "platform/MessageBox.h"
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPrintDialog>
@@ -79,8 +80,10 @@ bool FileDialog::mayReplace(const QString &path)
 {
     if (!QFileInfo(path).isFile())
         return true;
-    const Message question = {.text = path + QStringLiteral(" already exists.\n"
-                                                            "Do you want to replace it?"),
+    const Message question = {.text = QCoreApplication::translate("CommonDialog",
+                                                                  "%1 already exists.\n"
+                                                                  "Do you want to replace it?")
+                                          .arg(path),
                               .title = request_.title,
                               .icon = QMessageBox::Warning,
                               .buttons = QMessageBox::Yes | QMessageBox::No,
@@ -107,6 +110,15 @@ std::optional<ChosenFile> showSaveDialog(QWidget *window, const FileDialogReques
 {
     FileDialog dialog(window, QFileDialog::AcceptSave, request);
     return chosenIn(dialog);
+}
+
+std::optional<QString> refuseMissingFile(const ChosenFile &file)
+{
+    if (QFileInfo(file.path).isFile())
+        return std::nullopt;
+    return QCoreApplication::translate("CommonDialog", "%1\nFile not found.\n"
+                                                       "Check the name and try again.")
+        .arg(file.path);
 }
 
 PrintDialogAnswer showPrintDialog(QWidget *window, QPrinter &printer)

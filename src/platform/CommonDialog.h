@@ -35,6 +35,9 @@ struct FileDialogRequest
 std::optional<ChosenFile> showOpenDialog(QWidget *window, const FileDialogRequest &request);
 std::optional<ChosenFile> showSaveDialog(QWidget *window, const FileDialogRequest &request);
 
+/// The refusal of a dialog that hands on only files that exist.
+[[nodiscard]] std::optional<QString> refuseMissingFile(const ChosenFile &file);
+
 enum class PrintDialogAnswer { Cancel, Print };
 
 /// Lets the user choose and set up the printer, or a PDF file.

@@ -1,8 +1,10 @@
 #include "platform/MessageBox.h"
 
+#include "Version.h"
+
 QString programTitle()
 {
-    return QStringLiteral("Quillon");
+    return QStringLiteral(QUILLON_TITLE);
 }
 
 QMessageBox::StandardButton showMessage(QWidget *window, const Message &message)

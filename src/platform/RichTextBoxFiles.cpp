@@ -28,7 +28,16 @@ void fillFromRtf(QTextDocument &document, QByteArrayView bytes, const QString &p
     throw RuntimeError(isTooLarge ? ErrorNumber::OutOfMemory : ErrorNumber::DeviceIo, path);
 }
 
-/// Fills an empty document with a text that looks as the start of another document does.
+/// Refuses a text whose RTF could not be read again: it could neither be undone nor be kept.
+void requireReadableAsRtf(const QString &text, const QString &path)
+{
+    constexpr qint64 piecesOfLine = 2; // the paragraph and its characters
+    if ((text.count(u'\n') + 1) * piecesOfLine > RtfLimits::pieces)
+        throw RuntimeError(ErrorNumber::OutOfMemory, path);
+}
+
+/// Fills an empty document with a text, in documentText's form, that looks as the start of another
+/// document does.
 void fillFromText(QTextDocument &document, const QString &text, const QTextDocument &model)
 {
     ParagraphFormat paragraph = ParagraphFormat::of(model.firstBlock().blockFormat());
@@ -37,7 +46,7 @@ void fillFromText(QTextDocument &document, const QString &text, const QTextDocum
     paragraph.applyTo(blockFormat);
     QTextCursor cursor(&document);
     cursor.setBlockFormat(blockFormat);
-    cursor.insertText(documentText(text), firstFormat(model));
+    cursor.insertText(text, firstFormat(model));
 }
 
 } // namespace
@@ -55,7 +64,9 @@ void RichTextBox::LoadFile(const QString &path, std::optional<FileType> type)
         holdSoftHyphens(*loaded);
     } else {
         const DecodedText decoded = decodeText(bytes, textForm_);
-        fillFromText(*loaded, decoded.text, *document());
+        const QString text = documentText(decoded.text);
+        requireReadableAsRtf(text, path);
+        fillFromText(*loaded, text, *document());
         textForm_ = decoded.form;
     }
     showDocument(*loaded.release());

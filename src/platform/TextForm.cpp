@@ -33,13 +33,15 @@ bool isAscii(QByteArrayView bytes)
 
 TextCoding codingOf(QByteArrayView bytes, TextCoding otherwise)
 {
+    const bool isUtf8 = bytes.isValidUtf8();
     for (const Mark &mark : marks) {
-        if (bytes.startsWith(mark.bytes))
+        // malformed UTF-8 is kept byte by byte, as it is without a mark
+        if (bytes.startsWith(mark.bytes) && (isUtf8 || mark.coding != TextCoding::Utf8WithMark))
             return mark.coding;
     }
     if (isAscii(bytes) && (otherwise == TextCoding::Utf8 || otherwise == TextCoding::CodePage1252))
         return otherwise;
-    return bytes.isValidUtf8() ? TextCoding::Utf8 : TextCoding::CodePage1252;
+    return isUtf8 ? TextCoding::Utf8 : TextCoding::CodePage1252;
 }
 
 QStringConverter::Encoding unicodeOf(TextCoding coding)

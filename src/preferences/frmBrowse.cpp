@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileSystemModel>
+#include <utility>
 
 frmBrowse::frmBrowse(const Settings &settings, const QString &startFolder, QWidget *parent)
     : QDialog(parent), ui_(std::make_unique<Ui::frmBrowse>()), folders_(new QFileSystemModel(this))
@@ -26,6 +27,11 @@ frmBrowse::frmBrowse(const Settings &settings, const QString &startFolder, QWidg
             &frmBrowse::showFolder);
     connect(folders_, &QFileSystemModel::directoryLoaded, this, &frmBrowse::showPlace,
             Qt::QueuedConnection);
+    // The model sorts what it has loaded some time later.
+    connect(folders_, &QFileSystemModel::layoutChanged, this, [this] {
+        if (std::exchange(placeMayMove_, false))
+            scrollToPlace();
+    });
     connect(ui_->cmdOK, &QPushButton::clicked, this, &frmBrowse::confirm);
     connect(ui_->cmdCancel, &QPushButton::clicked, this, &frmBrowse::reject);
     ui_->Dir1->setFocus();
@@ -64,8 +70,15 @@ void frmBrowse::showPlace(const QString &loadedFolder)
 {
     // Folders above the present one move it as they become known; others must not disturb who reads
     // elsewhere in the tree.
-    if (presentFolder().startsWith(loadedFolder))
-        ui_->Dir1->scrollTo(ui_->Dir1->currentIndex(), QAbstractItemView::PositionAtCenter);
+    if (!presentFolder().startsWith(loadedFolder))
+        return;
+    placeMayMove_ = true;
+    scrollToPlace();
+}
+
+void frmBrowse::scrollToPlace()
+{
+    ui_->Dir1->scrollTo(ui_->Dir1->currentIndex(), QAbstractItemView::PositionAtCenter);
 }
 
 QString frmBrowse::presentFolder() const

@@ -28,6 +28,7 @@ private:
     void openDrive();
     void showFolder();
     void showPlace(const QString &loadedFolder);
+    void scrollToPlace();
     void confirm();
     void goTo(const QString &folder);
 
@@ -36,4 +37,5 @@ private:
     QString chosenFolder_;
     std::unique_ptr<Ui::frmBrowse> ui_;
     QFileSystemModel *folders_;
+    bool placeMayMove_ = false; ///< folders above the present one are yet to be sorted
 };

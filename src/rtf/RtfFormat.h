@@ -17,16 +17,14 @@ class QTextList;
 /// How a document that RTF can hold lives in a QTextDocument.
 ///
 /// - A paragraph is a block. A soft line break is U+2028 and a page break U+000C, each one
-/// character
-///   of its block's text. U+000C draws as nothing; applyPageBreaks() makes it break pages.
-/// - U+00A0 and U+00AD are characters like any other. Text layout hides U+00AD, so that a document
-///   that is shown may hold U+FFFC in its place; it is written as U+00AD.
+///   character of its block's text. U+000C draws as nothing; applyPageBreaks() makes it break
+///   pages.
+/// - U+00A0 and U+00AD are characters like any other. Text layout hides U+00AD, so that a
+///   document that is shown may hold U+FFFC in its place; it is written as U+00AD.
 /// - Lengths are kept in twips (1/20 point) in properties of our own, so that they come back as
-/// they
-///   were set. The properties that Qt lays out by are derived from them and never read back.
+///   they were set. The properties that Qt lays out by are derived from them and never read back.
 /// - A bullet is a property of its paragraph. Paragraphs with bullets also belong to some
-/// QTextList,
-///   which draws the discs; to which of them means nothing.
+///   QTextList, which draws the discs; to which of them means nothing.
 ///
 /// CharacterFormat and ParagraphFormat are the only places that know these properties.
 

@@ -1,4 +1,5 @@
 #include "app/KeyPreview.h"
+#include "app/Splitter.h"
 #include "app/ToolbarCombo.h"
 #include "engine/RuntimeError.h"
 #include "platform/MessageBox.h"
@@ -32,6 +33,8 @@ private Q_SLOTS:
     void progress();
     void largerFontsGetMoreRoom();
     void tinyWindowsDoNoHarm();
+    void rightToLeftDesktopsLeaveThePanesAlone_data();
+    void rightToLeftDesktopsLeaveThePanesAlone();
     void closingAsks();
     void errorsWhileClosingKeepTheWindowOpen();
 };
@@ -246,6 +249,31 @@ void tst_Form1::tinyWindowsDoNoHarm()
             QVERIFY(fixture.find(name)->width() >= 0 && fixture.find(name)->height() >= 0);
     }
     QVERIFY(fixture.find("rtbRoman")->height() > 200);
+}
+
+void tst_Form1::rightToLeftDesktopsLeaveThePanesAlone_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("empty") << QString();
+    QTest::newRow("roman letters") << u"naur"_s;
+    QTest::newRow("signs without a direction") << u"1234%"_s;
+}
+
+void tst_Form1::rightToLeftDesktopsLeaveThePanesAlone()
+{
+    QFETCH(const QString, text);
+    QGuiApplication::setLayoutDirection(Qt::RightToLeft);
+    const auto restore = qScopeGuard([] { QGuiApplication::setLayoutDirection(Qt::LeftToRight); });
+    const FormFixture fixture;
+    const FormControls &controls = fixture.form.controls();
+    QVERIFY(controls.rtbRoman->geometry().right() < controls.imgRuler->x());
+    QVERIFY(controls.imgRuler->geometry().right() < controls.rtbTengwar->x());
+    QVERIFY(controls.lblRomanCaption->x() < controls.lblTengwarCaption->x());
+    for (RichTextBox *pane : {controls.rtbRoman, controls.rtbTengwar}) {
+        pane->setText(text);
+        pane->setSelStart(0);
+        QVERIFY(pane->cursorRect().left() < pane->viewport()->width() / 4);
+    }
 }
 
 void tst_Form1::closingAsks()

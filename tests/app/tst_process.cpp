@@ -63,6 +63,7 @@ class tst_Process : public QObject
 private Q_SLOTS:
     void init();
     void settingsAreFoundAgain();
+    void placeIsKeptWhereItIsUnknown();
     void numbersBeyondRangeEndIt();
     void damagedSettingsDoNoHarm();
     void settingsThatCannotBeWritten();
@@ -81,11 +82,13 @@ private:
     void writeSettings(const QByteArray &bytes) const;
 
     std::unique_ptr<QTemporaryDir> home_;
+    QString platform_;
 };
 
 void tst_Process::init()
 {
     home_ = std::make_unique<QTemporaryDir>();
+    platform_ = u"offscreen"_s;
 }
 
 tst_Process::Result tst_Process::run(const QString &todo) const
@@ -94,7 +97,7 @@ tst_Process::Result tst_Process::run(const QString &todo) const
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"HOME"_s, home_->path());
     environment.insert(u"XDG_CONFIG_HOME"_s, home_->filePath(u"config"_s));
-    environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+    environment.insert(u"QT_QPA_PLATFORM"_s, platform_);
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), {u"--quillon"_s, todo});
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
@@ -124,6 +127,31 @@ void tst_Process::settingsAreFoundAgain()
     const Result again = run(u"close"_s);
     QCOMPARE(again.status, 0);
     QCOMPARE(again.output, changed.output);
+}
+
+void tst_Process::placeIsKeptWhereItIsUnknown()
+{
+    const QByteArray stored =
+        "[Software\\Quillon\\Window]\n\"Width\" = \"6000\"\n\"Height\" = \"4500\"\n"
+        "\"Left\" = \"915\"\n\"Top\" = \"615\"\n";
+    writeSettings(stored);
+    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(home_->path()));
+    qputenv("WAYLAND_DISPLAY", "wayland-of-test");
+    QProcess compositor;
+    compositor.start(u"weston"_s, {u"--backend=headless-backend.so"_s, u"--no-config"_s,
+                                   u"--socket=wayland-of-test"_s});
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(home_->filePath(u"wayland-of-test"_s)), 60000);
+    platform_ = u"wayland"_s;
+    const Result result = run(u"close"_s);
+    compositor.kill();
+    QVERIFY(compositor.waitForFinished());
+    QCOMPARE(result.status, 0);
+    QVERIFY2(result.output.endsWith(u" 400 300 1\n"), qPrintable(result.output));
+    QFile file(settingsFile());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QByteArray settings = file.readAll();
+    QVERIFY2(settings.contains("\"Left\" = \"915\"\n"), settings.constData());
+    QVERIFY2(settings.contains("\"Top\" = \"615\"\n"), settings.constData());
 }
 
 void tst_Process::numbersBeyondRangeEndIt()

@@ -1,13 +1,15 @@
+#include "about/frmSplash.h"
 #include "app/CaptionLabel.h"
 #include "app/Form1.h"
 #include "app/Program.h"
 #include "app/Splitter.h"
 #include "app/ToolbarCombo.h"
-#include "app/frmSplash.h"
 #include "editor/SettingKeys.h"
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
+#include "support/FileDialogs.h"
 #include "support/MessageBoxes.h"
+#include "support/RecordingProgram.h"
 #include "support/RegistryFolder.h"
 
 #include <QScreen>
@@ -44,6 +46,8 @@ private Q_SLOTS:
     void maximisedWindowsKeepTheirNormalGeometry();
     void largeWindowsAreStoredSmaller();
     void unchangedFromStartToStart();
+    void locatedEditorIsStoredLast();
+    void editorSetByHandIsNotWritten();
 
 private:
     void store(const char *name, const QVariant &value);
@@ -63,6 +67,35 @@ QString text(const char *name)
 {
     return QString::fromLatin1(name);
 }
+
+/// Writes down, in order, what is stored by way of it.
+class WatchedStore final : public RegistryStore
+{
+public:
+    explicit WatchedStore(RegistryStore &store) : store_(store) {}
+
+    [[nodiscard]] const QStringList &written() const { return written_; }
+
+    [[nodiscard]] bool contains(const RegistryKey &key) const override
+    {
+        return store_.contains(key);
+    }
+    [[nodiscard]] std::optional<RegistryValue> value(const RegistryKey &key,
+                                                     const QString &name) const override
+    {
+        return store_.value(key, name);
+    }
+    bool createKey(const RegistryKey &key) override { return store_.createKey(key); }
+    bool setValue(const RegistryKey &key, const QString &name, const RegistryValue &value) override
+    {
+        written_ += name;
+        return store_.setValue(key, name, value);
+    }
+
+private:
+    RegistryStore &store_;
+    QStringList written_;
+};
 
 } // namespace
 
@@ -92,7 +125,8 @@ QString tst_Program::stored(const QString &key, const char *name) const
 
 Form1 &tst_Program::start()
 {
-    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     if (!program_->Main())
         qFatal("The program did not start.");
     return program_->form();
@@ -264,7 +298,7 @@ void tst_Program::numbersBeyondRangeStopTheStart()
         store(filled, 3000);
     store(name.constData(), u"40000"_s);
     const MessageBoxes boxes;
-    Program program(registry_->registry, registry_->folder.path());
+    Program program(registry_->registry, registry_->folder.path(), {});
     QVERIFY(!program.Main());
     QCOMPARE(boxes.seen().size(), 1U);
     QCOMPARE(boxes.seen()[0].title, programTitle());
@@ -379,6 +413,48 @@ void tst_Program::unchangedFromStartToStart()
     }
     QCOMPARE(windows[1], windows[0]);
     QCOMPARE(windows[2], windows[0]);
+}
+
+void tst_Program::locatedEditorIsStoredLast()
+{
+    QVERIFY(QDir(registry_->folder.path()).mkdir(u"elsewhere"_s));
+    RecordingProgram editor(registry_->folder.filePath(u"elsewhere/ModeSmith.exe"_s));
+    registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Black Speech"_s);
+    WatchedStore store(registry_->store);
+    RegistryFunctions registry(store);
+    program_ = std::make_unique<Program>(registry, registry_->folder.path());
+    QVERIFY(program_->Main());
+    {
+        const MessageBoxes boxes({QMessageBox::Yes});
+        const FileDialogs dialogs({{editor.path()}});
+        program_->form().commands().action("mnuTRunModeSmith"_L1).trigger();
+        QCOMPARE(boxes.seen().size(), 1U);
+    }
+    QTRY_VERIFY(editor.wasStarted());
+    QVERIFY(stored(SettingKey::Mode, "EditorPath").isEmpty());
+    end();
+    QCOMPARE(store.written().last(), u"EditorPath"_s);
+    QCOMPARE(stored(SettingKey::Mode, "EditorPath"), editor.path());
+
+    editor.forget();
+    start().commands().action("mnuTRunModeSmith"_L1).trigger();
+    QTRY_VERIFY(editor.wasStarted());
+    QCOMPARE(editor.commandLine(), (QStringList{editor.path(), u"Black"_s, u"Speech"_s}));
+}
+
+void tst_Program::editorSetByHandIsNotWritten()
+{
+    const RecordingProgram editor(registry_->folder.filePath(u"editor"_s));
+    registry_->settings.write(SettingKey::Mode, u"EditorPath"_s, editor.path());
+    WatchedStore store(registry_->store);
+    RegistryFunctions registry(store);
+    program_ = std::make_unique<Program>(registry, registry_->folder.path());
+    QVERIFY(program_->Main());
+    program_->form().commands().action("mnuTRunModeSmith"_L1).trigger();
+    QTRY_VERIFY(editor.wasStarted());
+    end();
+    QVERIFY(store.written().contains(u"GenericTengwarFont"_s));
+    QVERIFY(!store.written().contains(u"EditorPath"_s));
 }
 
 QTEST_MAIN(tst_Program)

@@ -80,7 +80,8 @@ void tst_WholeProgram::init()
                             registry_->folder.filePath(name)));
     registry_->settings.write(SettingKey::Mode, u"Path"_s, modes_->path());
     registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Doubles"_s);
-    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     QVERIFY(program_->Main());
     QVERIFY(QTest::qWaitForWindowActive(&form()));
 }
@@ -203,6 +204,8 @@ void tst_WholeProgram::commandsOpenTheirDialogs_data()
     QTest::newRow("mnuEPreferences") << u"frmPreferences"_s;
     QTest::newRow("mnuFParagraph") << u"frmParagraph"_s;
     QTest::newRow("mnuTMode") << u"frmModes"_s;
+    QTest::newRow("mnuTRunModeSmith") << u"messageBox"_s; // there is no mode editor yet
+    QTest::newRow("mnuHAbout") << u"frmAbout"_s;
     QTest::newRow("mnuINumerical") << u"frmCalculator"_s;
     QTest::newRow("mnuISpecialCharacters") << u"frmSpecialCharacters"_s;
 }

@@ -20,6 +20,8 @@ private Q_SLOTS:
     void findsFaults();
     void failures_data();
     void failures();
+    void hugeFiles_data();
+    void hugeFiles();
     void wrongUsage_data();
     void wrongUsage();
     void help_data();
@@ -171,6 +173,28 @@ void tst_ModeCommands::failures()
     QVERIFY(!QFile::exists(path(u"x.mod"_qs)));
 }
 
+void tst_ModeCommands::hugeFiles_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    const QString huge = QStringLiteral("huge");
+    QTest::newRow("pack") << QStringList({u"pack"_qs, huge, u"x.mod"_qs});
+    QTest::newRow("unpack") << QStringList({u"unpack"_qs, huge});
+    QTest::newRow("check") << QStringList({u"check"_qs, huge});
+}
+
+void tst_ModeCommands::hugeFiles()
+{
+    constexpr qint64 size = qint64(1) << 33;
+    QFETCH(QStringList, arguments);
+    QFile file(path(u"huge"_qs));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(size)); // takes no room on the disk
+    arguments.replaceInStrings(QStringLiteral("huge"), file.fileName());
+    const ProgramRun result = runProgram(mode(arguments));
+    QVERIFY2(result.error.contains("huge: larger than any mode (16777216 bytes)"),
+             result.error.constData());
+    QCOMPARE(result.status, 1);
+}
+
 void tst_ModeCommands::wrongUsage_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -204,7 +228,7 @@ void tst_ModeCommands::help()
 {
     QFETCH(const QStringList, arguments);
     const ProgramRun result = runProgram(mode(arguments));
-    QVERIFY2(result.output.startsWith("Usage: "), result.output.constData());
+    QVERIFY2(result.output.startsWith("Usage: quillon-cli mode "), result.output.constData());
     QCOMPARE(result.error, "");
     QCOMPARE(result.status, 0);
 }

@@ -164,6 +164,7 @@ void tst_OpenDocument::refusesWhatIsNoDocument_data()
         row("pipe.txt", "There is no such file.");
         row("program.txt", "This file is neither text nor RTF.");
         row("huge.txt", "This file is too large to be opened.");
+        row("lines.txt", "This file is too large to be opened.");
     }
     QTest::newRow("drop, a folder")
         << true << QStringLiteral("folder.txt") << QStringLiteral("There is no such file.");
@@ -175,6 +176,7 @@ void tst_OpenDocument::makeFiles() const
                                                               "ELF\0abc",
                                                               8));
     fixture_->write(QStringLiteral("good.txt"), "good");
+    fixture_->write(QStringLiteral("lines.txt"), QByteArray(500'000, '\n'));
     QFile huge(fixture_->path(QStringLiteral("huge.txt")));
     QVERIFY(huge.open(QIODevice::WriteOnly));
     QVERIFY(huge.resize(100 * megabyte + 1));

@@ -1,6 +1,7 @@
 #include "platform/RichTextBox.h"
 
 #include "engine/RuntimeError.h"
+#include "rtf/RtfReader.h"
 #include <QFile>
 #include <QPrinter>
 #include <QSignalSpy>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void newTextTakesTheGivenForm();
     void typeIsTold_data();
     void typeIsTold();
+    void mostLinesReadBack();
     void failuresKeepTheContent();
     void failedSaveKeepsTheFile();
     void printsPages_data();
@@ -276,6 +278,18 @@ void tst_RichTextBoxFiles::typeIsTold()
     RichTextBox box;
     box.LoadFile(path_, type < 0 ? std::nullopt : std::optional(FileType(type)));
     QCOMPARE(box.Text(), text);
+}
+
+void tst_RichTextBoxFiles::mostLinesReadBack()
+{
+    constexpr int most = 500'000;
+    write(QByteArray("a\n").repeated(most - 1) + 'a');
+    RichTextBox box;
+    box.LoadFile(path_);
+    QCOMPARE(box.document()->blockCount(), most);
+    QTextDocument read;
+    QCOMPARE(readRtf(box.TextRTF(), read), std::nullopt);
+    QCOMPARE(read.blockCount(), most);
 }
 
 void tst_RichTextBoxFiles::failuresKeepTheContent()

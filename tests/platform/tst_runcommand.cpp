@@ -1,5 +1,6 @@
 #include "platform/MessageBox.h"
 #include "platform/RunCommand.h"
+#include "support/BracketTranslator.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -33,6 +34,7 @@ private Q_SLOTS:
     void runtimeErrorIsShown();
     void placeOfTheErrorIsShown();
     void exhaustedMemoryIsShown();
+    void errorsAreTranslated();
     void commandsWithinCommands();
     void messages_data();
     void messages();
@@ -102,6 +104,14 @@ void tst_RunCommand::exhaustedMemoryIsShown()
     answerNext(QMessageBox::Ok);
     QVERIFY(!runCommand(nullptr, [] { throw std::bad_alloc(); }));
     QCOMPARE(seen_.value(0).text, u"Run-time error '7':\n\nOut of memory"_qs);
+}
+
+void tst_RunCommand::errorsAreTranslated()
+{
+    const BracketTranslator translator("RuntimeError");
+    answerNext(QMessageBox::Ok);
+    QVERIFY(!runCommand(nullptr, [] { throw RuntimeError(ErrorNumber::DiskFull, u"/x"_qs); }));
+    QCOMPARE(seen_.value(0).text, u"[Run-time error '61':\n\n][Disk full]\n/x"_qs);
 }
 
 void tst_RunCommand::commandsWithinCommands()

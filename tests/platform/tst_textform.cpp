@@ -56,6 +56,8 @@ void tst_TextForm::decodes_data()
     QTest::newRow("code page") << QByteArray("caf\xE9 \x80\x81\xAD") << u"café €\x81\xAD"_qs
                                << target;
     QTest::newRow("UTF-8 cut short") << QByteArray("caf\xC3") << u"cafÃ"_qs << target;
+    QTest::newRow("UTF-8 with mark, malformed")
+        << QByteArray("\xEF\xBB\xBF\xFF") << u"ï»¿ÿ"_qs << target;
     QTest::newRow("mixed line ends") << QByteArray("a\r\nb\nc\rd") << u"a\r\nb\nc\rd"_qs << target;
     QTest::newRow("soft line break") << QByteArray("a\vb\fc") << u"a\vb\fc"_qs << target;
 }
@@ -112,6 +114,7 @@ void tst_TextForm::savedAsOpened_data()
         row("ASCII", "a" + end + "b" + end);
         row("UTF-8", "é" + end + "😀" + end);
         row("UTF-8 with mark", "\xEF\xBB\xBF" + end + "é");
+        row("UTF-8 with mark, malformed", "\xEF\xBB\xBF" + end + "\xFF");
         row("code page", "\xE9" + end + "\x81\xAD\xA0");
     }
 }

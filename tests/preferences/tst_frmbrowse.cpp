@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
@@ -63,6 +64,12 @@ struct Browser
     }
 };
 
+bool isInSight(const QTreeView &tree)
+{
+    const QRect place = tree.visualRect(tree.currentIndex());
+    return place.isValid() && tree.viewport()->rect().contains(place.center());
+}
+
 } // namespace
 
 class tst_frmBrowse : public QObject
@@ -84,12 +91,24 @@ private Q_SLOTS:
     {
         const Browser browser;
         const QTreeView &tree = browser.find<QTreeView>("Dir1");
-        const auto isInSight = [&tree] {
-            const QRect place = tree.visualRect(tree.currentIndex());
-            return place.isValid() && tree.viewport()->rect().contains(place.center());
-        };
         QTRY_COMPARE(tree.model()->rowCount(tree.currentIndex().parent()), 2);
-        QTRY_VERIFY(isInSight());
+        QTRY_VERIFY(isInSight(tree));
+    }
+
+    void theFolderIsInSightAmongMany()
+    {
+        constexpr int Many = 80;
+        const QTemporaryDir above;
+        for (int i = 0; i < Many; ++i)
+            QVERIFY(QDir(above.path()).mkpath(QString::number(100 + i) + QStringLiteral("/a/b")));
+        frmBrowse dialog(Settings(), above.filePath(QStringLiteral("170/a/b")), nullptr);
+        const QTreeView &tree = *dialog.findChild<QTreeView *>(QStringLiteral("Dir1"));
+        const QSignalSpy sorted(tree.model(), &QAbstractItemModel::layoutChanged);
+        dialog.show();
+        const QModelIndex among = tree.currentIndex().parent().parent().parent();
+        QTRY_COMPARE(tree.model()->rowCount(among), Many);
+        QTRY_VERIFY(!sorted.isEmpty());
+        QTRY_VERIFY(isInSight(tree));
     }
 
     void listsTheModesOfTheFolder()
@@ -144,7 +163,7 @@ private Q_SLOTS:
         const Browser browser;
         const QString deep = browser.folder.filePath(QString(200, u'x'));
         QVERIFY(QDir().mkpath(deep));
-        const frmBrowse dialog(Settings(), deep, nullptr);
+        frmBrowse dialog(Settings(), deep, nullptr);
         QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("lblPath"))->text(), deep);
         QVERIFY(dialog.minimumSizeHint().width() <= browser.dialog->minimumSizeHint().width());
     }

@@ -57,7 +57,8 @@ int main(int argc, char **argv)
     FileRegistryStore store(settings.filePath(QStringLiteral("user")),
                             settings.filePath(QStringLiteral("system")));
     RegistryFunctions registry(store);
-    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER));
+    Program program(registry, QStringLiteral(QUILLON_PROGRAM_FOLDER),
+                    QStringLiteral(QUILLON_PROGRAM_FOLDER "/Fonts"));
     if (!program.Main())
         return EXIT_FAILURE;
     return transcribe(program.form(), arguments[1], arguments[2], arguments[3]);

@@ -2,7 +2,9 @@
 
 from __future__ import annotations
 
-from .codes import by_code
+from dataclasses import dataclass
+
+from .codes import by_code, code_of
 from .geometry import curve
 from .metrics import BASE, TOP
 from .parts import moved
@@ -14,6 +16,8 @@ FOOT = (-280, BASE, 0)
 SIDE = (-126, 214, 0)
 STEM_TOP = (-118, TOP, 0)
 BOWL = (-250, -222, 4)
+# How the hook of an open bow goes on.
+TURN = ((-60, BASE, -4), (66, -76, -95), (-16, -176, 180), (-76, -138, 110))
 
 
 def hanging(x: float) -> Strokes:
@@ -40,11 +44,21 @@ def hook(name: str, advance: float, *knots: tuple[float, ...]) -> Sign:
     return Sign(name, (curve(*knots),), advance)
 
 
+@dataclass(frozen=True)
+class Variant:
+    """The shape that a hook takes behind some signs, in whose way its own would be."""
+
+    code: int
+    sign: Sign
+    # Each of these ways to stand in front of the hook is enough: sets of codes, one after the other.
+    behind: tuple[tuple[str, ...], ...]
+
+
 HOOKS = by_code(
     {
         "|": Mark("hookleft", hanging(-315), 0, -315),
         "}": Mark("hookleft.narrow", hanging(-150), 0, -150),
-        "+": hook("hookright", 120, FOOT, (-60, BASE, -4), (66, -76, -95), (-16, -176, 180), (-76, -138, 110)),
+        "+": hook("hookright", 120, FOOT, *TURN),
         "_": hook(
             "hookright.lambe",
             140,
@@ -62,4 +76,32 @@ HOOKS = by_code(
         "Æ": hook("hookright.raisedupward", 150, STEM_TOP, (-10, TOP - 2, 8), (72, TOP + 74, 64), (86, TOP + 140, 86)),
         "Ç": hook("hookright.downward", 160, FOOT, (-60, BASE, -4), (66, -80, -88), (64, -190, -95), (124, -222, 30)),
     }
+)
+
+# Letters whose tail or leg crosses the baseline: their hook sets out from there.
+FORKED = "7u"
+TAILED = "i,"
+LEGGED = "9l"
+FORK = (-252, BASE, 0)
+TAIL = (-180, BASE, 0)
+LEG = (-90, BASE, 0)
+# Signs of doubling below; a left-hand hook hangs from them. A vowel sign and a dot may stand between.
+DOUBLING = "\"':;"
+VOWELS = "#EDC$RFV%TGB^YHN&UJMØÙÚÛÔÕÖ×ÜÝÞßèéêë"
+DOUBLED_DROP = -138
+
+
+def short_hook(name: str, start: tuple[float, ...], letters: str) -> Variant:
+    return Variant(code_of("+"), hook(name, 120, start, *TURN), ((letters,), (letters, VOWELS)))
+
+
+VARIANTS = (
+    Variant(
+        code_of("|"),
+        Mark("hookleft.low", moved(hanging(-315), 0, DOUBLED_DROP), 0, -315),
+        ((DOUBLING,), (DOUBLING, VOWELS)),
+    ),
+    short_hook("hookright.fork", FORK, FORKED),
+    short_hook("hookright.tail", TAIL, TAILED),
+    short_hook("hookright.leg", LEG, LEGGED),
 )
