@@ -6,7 +6,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
-#include "platform/SoftHyphen.h"
+#include "platform/SoftHyphenEdit.h"
 #include "search/TranscribeTyped.h"
 #include "ui_frmFind.h"
 

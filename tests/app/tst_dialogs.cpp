@@ -1,3 +1,4 @@
+#include "about/frmAbout.h"
 #include "editor/SharedState.h"
 #include "editor/frmParagraph.h"
 #include "modes/frmModes.h"
@@ -96,6 +97,11 @@ std::unique_ptr<QDialog> makeItems(World &world)
 std::unique_ptr<QDialog> makeSpecialCharacters(World &world)
 {
     return std::make_unique<frmSpecialCharacters>(world.state, nullptr);
+}
+
+std::unique_ptr<QDialog> makeAbout(World &world)
+{
+    return std::make_unique<frmAbout>(world.state.Settings, world.registry.registry, nullptr);
 }
 
 bool isField(const QWidget &widget)
@@ -236,6 +242,7 @@ constexpr Named Dialogs[] = {
     {"frmCalculator, numerals", makeNumerals},
     {"frmCalculator, items", makeItems},
     {"frmSpecialCharacters", makeSpecialCharacters},
+    {"frmAbout", makeAbout},
 };
 
 } // namespace
