@@ -35,16 +35,18 @@ WINDOWS = {
     "Paragraph": ["Paragraph..."],
     "Tengwar Calculator": ["Numerical tengwar"],
     "Special Characters": ["Special characters"],
+    "Error launching the Mode Editor": ["Edit mode"],
+    "Quillon Help": ["Contents"],
+    "About Quillon": ["About..."],
 }
-DISMISSALS = {"Cancel", "Close", "OK"}
 
 Role = Atspi.Role
 TOGGLES = {Role.CHECK_BOX, Role.RADIO_BUTTON, Role.TOGGLE_BUTTON}
 TEXTS = {Role.ENTRY, Role.TEXT, Role.PASSWORD_TEXT, Role.DOCUMENT_TEXT}
 LISTS = {Role.LIST, Role.TREE, Role.TREE_TABLE, Role.TABLE}
 NUMBERS = {Role.SPIN_BUTTON, Role.SLIDER, Role.PROGRESS_BAR}
-OTHERS = {Role.PUSH_BUTTON, Role.COMBO_BOX, Role.MENU_ITEM, Role.PAGE_TAB, Role.TOOL_BAR, Role.DIALOG,
-          Role.FRAME, Role.LIST_ITEM, Role.TABLE_CELL, Role.TREE_ITEM}
+OTHERS = {Role.PUSH_BUTTON, Role.COMBO_BOX, Role.MENU_ITEM, Role.PAGE_TAB, Role.TOOL_BAR, Role.LIST_ITEM,
+          Role.TABLE_CELL, Role.TREE_ITEM}
 NAMED = TOGGLES | TEXTS | LISTS | NUMBERS | OTHERS
 FORBIDDEN = {Role.INVALID, Role.UNKNOWN}
 
@@ -95,14 +97,14 @@ def window(title):
     return next((each for each in windows() if each.get_name() == title), None)
 
 
-def press(parent, names):
-    """Presses the first control with one of these names as soon as it is there."""
+def press(parent, name):
+    """Presses the first control of this name as soon as it is there."""
 
     def button():
-        return next((node for node in tree(parent) if node.get_name() in names
+        return next((node for node in tree(parent) if node.get_name() == name
                      and has(node, Atspi.StateType.SENSITIVE) and actions(node)), None)
 
-    found = wait_for("/".join(names), button)
+    found = wait_for(name, button)
     attempt(lambda: found.do_action(actions(found).index("Press")))
 
 
@@ -119,7 +121,7 @@ def is_labelled(node):
 def complaint(node):
     """What someone who can't see this control would miss."""
     role, interfaces = node.get_role(), node.get_interfaces()
-    if role in FORBIDDEN:
+    if role in FORBIDDEN and has(node, Atspi.StateType.FOCUSABLE):
         return "no role"
     if role not in NAMED:
         return None
@@ -157,10 +159,19 @@ def complaints(title):
         yield f"{title}: it has no controls"
 
 
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *arguments], check=True, timeout=PATIENCE)
+
+
 def give_focus(title):
     """What a window manager would do; the commands of the menus are about the pane with the focus."""
-    subprocess.run(["xdotool", "search", "--sync", "--onlyvisible", "--name", f"^{title}$",
-                    "windowfocus", "--sync"], check=True, timeout=PATIENCE)
+    xdotool("search", "--sync", "--onlyvisible", "--name", f"^{title}$", "windowfocus", "--sync")
+
+
+def dismiss(title):
+    give_focus(title)
+    xdotool("key", "Escape")
+    wait_for(f"end of {title}", lambda: not window(title))
 
 
 def walk():
@@ -172,15 +183,14 @@ def walk():
         parent = main
         for name in way:
             before = [each.get_name() for each in windows()]
-            press(parent, [name])
+            press(parent, name)
             parent = wait_for(f"window behind {name}", lambda: next(
                 (each for each in windows() if each.get_name() not in before), None))
-            opened.append(parent)
+            opened.append(parent.get_name())
         yield from complaints(title)
-        for each in reversed(opened):
-            name = each.get_name()
-            press(each, DISMISSALS)
-            wait_for(f"end of {name}", lambda: not window(name))
+        for name in reversed(opened):
+            dismiss(name)
+        give_focus("Quillon")
 
 
 def main():
