@@ -39,5 +39,13 @@ fi
 
 echo "There is no display; this is the program at work on a virtual one."
 tools/ensure-packages "${virtual_display_packages[@]}"
+verse='Three lamps burned late
+beside the water;
+the wind was gone,
+the moon was low,
+and one who wrote it
+for her daughter
+set down a song
+the rivers know.'
 QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x1024x24" \
-    build/tools/demo/demo English "Three lamps burned late beside the quiet water." build/quillon.png
+    build/tools/demo/demo English "$verse" build/quillon.png

@@ -95,11 +95,13 @@ void literal(benchmark::State &state)
     report(state, text.size());
 }
 
-void english(benchmark::State &state)
+/// A mode that comes with the program.
+void ownMode(benchmark::State &state, const char *name)
 {
     ModeTable table;
-    if (!loadModeFile(QStringLiteral(QUILLON_PROGRAM_FOLDER "/Modes/English.mod"), table)) {
-        state.SkipWithError("the English mode is not built");
+    if (!LoadMode(QStringLiteral(QUILLON_PROGRAM_FOLDER "/Modes"), QString::fromLatin1(name),
+                  table)) {
+        state.SkipWithError("the mode is not built");
         return;
     }
     transcribe(state, table, proseOf(maximumTextLength));
@@ -125,6 +127,10 @@ BENCHMARK(literal)
     ->Args({32000, 256})
     ->Unit(benchmark::kMillisecond)
     ->Iterations(1);
-BENCHMARK(english)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ownMode, english, "English")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ownMode, quenya, "Quenya")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ownMode, sindarin, "Sindarin")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ownMode, beleriand, "Beleriand")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(ownMode, blackSpeech, "Black Speech")->Unit(benchmark::kMillisecond);
 
 BENCHMARK_MAIN();

@@ -19,9 +19,9 @@ from tengwar.places import HEIGHTS, anchor  # noqa: E402
 from tengwar.repertoire import SIGNS  # noqa: E402
 from tengwar.sign import Letter, Mark  # noqa: E402
 
-# Quesse alone for small sizes, and "Quillon": quesse with w, lambe with i and doubled, númen with o.
+# Quesse alone for small sizes, and "Quillon" as the English mode writes it.
 INITIAL = "z"
-NAME = "zéj°T5^"
+NAME = "z`Mj°T5^"
 VERSE = "lE j.E7T`V jE4#6 jE,T 8~M7T5$5"
 
 ICON_PEN = Pen(width=156, thickness=60, angle=35)

@@ -9,7 +9,7 @@
 #include <QGlyphRun>
 #include <QPainterPath>
 #include <QRawFont>
-#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 
@@ -51,11 +51,13 @@ QString inkedCodes()
 void tst_SymbolFonts::initMain()
 {
     // The font is installed for the test's user before anything asks for fonts.
-    const QDir fonts(qEnvironmentVariable("XDG_DATA_HOME", QDir::tempPath()) +
-                     QStringLiteral("/fonts"));
-    fonts.mkpath(QStringLiteral("."));
-    QFile::remove(fonts.filePath(QStringLiteral("symbol.ttf")));
-    QFile::copy(QStringLiteral(SYMBOL_FONT), fonts.filePath(QStringLiteral("symbol.ttf")));
+    static const QTemporaryDir data;
+    qputenv("XDG_DATA_HOME", data.path().toLocal8Bit());
+    const QDir folder(data.path());
+    if (!folder.mkpath(QStringLiteral("fonts")) ||
+        !QFile::copy(QStringLiteral(SYMBOL_FONT),
+                     folder.filePath(QStringLiteral("fonts/symbol.ttf"))))
+        qFatal("the test font cannot be installed");
 }
 
 void tst_SymbolFonts::initTestCase()

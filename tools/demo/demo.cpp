@@ -1,7 +1,7 @@
-// Drives the real program through its main job, as its user would: choose a mode, type a sentence,
-// transcribe it. Prints the sentence and its codes, and saves a picture of the window.
+// Drives the real program through its main job, as its user would: choose a mode, type a verse,
+// transcribe it. Prints the verse and its codes, and saves a picture of the window.
 //
-//   demo MODE SENTENCE PICTURE.png
+//   demo MODE VERSE PICTURE.png
 
 #include "app/Form1.h"
 #include "app/Program.h"
@@ -17,12 +17,22 @@
 
 namespace {
 
+void type(QWidget &pane, const QString &verse)
+{
+    for (const QChar character : verse) {
+        if (character == u'\n')
+            QTest::keyClick(&pane, Qt::Key_Return);
+        else
+            QTest::keyClicks(&pane, character);
+    }
+}
+
 void print(const char *label, const QString &text)
 {
     std::printf("%s%s\n", label, text.toUtf8().constData());
 }
 
-int transcribe(Form1 &form, const QString &mode, const QString &sentence, const QString &picture)
+int transcribe(Form1 &form, const QString &mode, const QString &verse, const QString &picture)
 {
     const FormControls &controls = form.controls();
     form.activateWindow(); // on a bare display no window manager does
@@ -32,12 +42,12 @@ int transcribe(Form1 &form, const QString &mode, const QString &sentence, const 
     QTest::keyClicks(controls.cboModeName, mode);
     QTest::keyClick(controls.cboModeName, Qt::Key_Return);
     controls.rtbRoman->setFocus();
-    QTest::keyClicks(controls.rtbRoman, sentence);
+    type(*controls.rtbRoman, verse);
     form.commands().action(QLatin1StringView("Toolbar1.Transcribe")).trigger();
     if (controls.rtbTengwar->Text().isEmpty() || !form.grab().save(picture))
         return EXIT_FAILURE;
-    print("Source:  ", controls.rtbRoman->Text());
-    print("Target:  ", controls.rtbTengwar->Text());
+    print("Source:\n", controls.rtbRoman->Text());
+    print("Target:\n", controls.rtbTengwar->Text());
     print("Picture: ", picture);
     std::fflush(stdout);
     return EXIT_SUCCESS;
@@ -50,7 +60,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 4) {
-        std::fputs("usage: demo MODE SENTENCE PICTURE.png\n", stderr);
+        std::fputs("usage: demo MODE VERSE PICTURE.png\n", stderr);
         return 2;
     }
     const QTemporaryDir settings;

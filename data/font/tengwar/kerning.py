@@ -10,6 +10,8 @@ from .codes import code_of
 RIGHT_BOWS = "123456!@"
 LEFT_BOWS = "asdfghAS.]8k*"
 LEFT_CLOSED = "zxcvbnZX"
+FOOT_AT_RIGHT = "wrtW"
+STEM_AT_LEFT = "12qw5t6y"
 LEANING_RIGHT = "8k*K"
 RAISED_AT_LEFT = "3e4r!Q@W½9"
 OPEN_UNDER_RIGHT = "7u"
@@ -19,6 +21,8 @@ OPEN_OVER_RIGHT = "9l"
 RULES = (
     # Two bows bulge towards each other.
     (RIGHT_BOWS, LEFT_BOWS, -18),
+    # A foot stroke runs towards a stem.
+    (FOOT_AT_RIGHT, STEM_AT_LEFT, 18),
     # The neck of silme leans over what follows.
     (LEANING_RIGHT, RAISED_AT_LEFT, 44),
     (OPEN_UNDER_RIGHT, LEFT_BOWS, -24),
