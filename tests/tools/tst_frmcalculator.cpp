@@ -453,8 +453,8 @@ void tst_frmCalculator::namesAndFonts()
     }
     for (const char *name : {"cboNumericIndicator", "cboListIndicator"})
         QCOMPARE(calculator.get<QComboBox>(name).font().family(), u"Some Roman"_qs);
-    for (const char *name : {"txtDecimal", "txtDuodecimal", "cboNumericIndicator",
-                             "cboListIndicator", "lstListItems"})
+    for (const char *name :
+         {"txtDecimal", "txtDuodecimal", "cboNumericIndicator", "cboListIndicator", "lstListItems"})
         QVERIFY2(!calculator.get<QWidget>(name).accessibleName().isEmpty(), name);
     for (const char *name : {"lblTengwar", "lblItemSample"}) { // their text is their name
         QVERIFY2(calculator.get<QWidget>(name).accessibleName().isEmpty(), name);
