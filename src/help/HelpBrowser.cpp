@@ -75,7 +75,7 @@ QVariant HelpBrowser::loadResource(int type, const QUrl &url)
         const HelpPage *page = book_->page(nameIn(url));
         return page != nullptr ? page->html : QVariant();
     }
-    const QImage picture = QImage::fromData(book_->picture(nameIn(source().resolved(url))));
+    const QImage picture = QImage::fromData(book_->picture(nameIn(pageUrl({}).resolved(url))));
     if (picture.isNull())
         return {};
     const qreal width = std::min<qreal>(picture.width() / PictureScale, pictureRoom());
@@ -107,8 +107,12 @@ void HelpBrowser::styleDocument()
     document()->setDefaultStyleSheet(
         QStringLiteral("a { color: %1 }"
                        "kbd { font-family: '%2'; background-color: %3 }"
+                       "table { border-collapse: collapse; border-color: %3; margin-top: 8px;"
+                       " margin-bottom: 8px }"
                        "th { background-color: %3; text-align: left }"
-                       "dt { font-weight: bold }"
+                       "td { vertical-align: middle }"
+                       "dt { font-weight: bold; margin-top: 6px }"
+                       "dd { margin-bottom: 6px }"
                        ".tengwar { font-family: 'Tengwar Quillon'; font-size: %4pt }"
                        ".caption { color: %5 }")
             .arg(colours.color(QPalette::Link).name(), font().family(), soft)

@@ -24,7 +24,8 @@ std::optional<HelpBook> readHelpFile(QWidget &window, const QString &path)
     std::optional<HelpBook> book = HelpBook::read(file.readAll());
     if (!book)
         complain(
-            QObject::tr("The help file %1 is damaged. Installing Quillon again brings it back.")
+            QObject::tr("The help file %1 is damaged. Deleting it and installing Quillon again "
+                        "brings it back.")
                 .arg(name));
     return book;
 }

@@ -71,7 +71,7 @@ void frmHelp::connectControls()
     connect(ui_->cmdForward, &QPushButton::clicked, page, &QTextBrowser::forward);
     connect(page, &QTextBrowser::backwardAvailable, ui_->cmdBack, &QWidget::setEnabled);
     connect(page, &QTextBrowser::forwardAvailable, ui_->cmdForward, &QWidget::setEnabled);
-    connect(page, &QTextBrowser::sourceChanged, this, &frmHelp::followPage);
+    connect(page, &QTextBrowser::historyChanged, this, &frmHelp::followPage);
     connect(ui_->txtSearch, &QLineEdit::textChanged, this, &frmHelp::search);
     connect(ui_->txtSearch, &QLineEdit::returnPressed, this, &frmHelp::openFirstHit);
     for (QListWidget *list : {ui_->lstContents, ui_->lstHits}) {
@@ -85,8 +85,10 @@ void frmHelp::connectControls()
 
 void frmHelp::connectKeys()
 {
-    ui_->cmdBack->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Left));
-    ui_->cmdForward->setShortcut(QKeySequence(Qt::ALT | Qt::Key_Right));
+    const auto *back = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Left), this);
+    connect(back, &QShortcut::activated, ui_->rtbPage, &QTextBrowser::backward);
+    const auto *forward = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Right), this);
+    connect(forward, &QShortcut::activated, ui_->rtbPage, &QTextBrowser::forward);
     const auto *find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), this);
     connect(find, &QShortcut::activated, ui_->txtSearch, [this] {
         ui_->txtSearch->setFocus();

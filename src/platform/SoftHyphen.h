@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QString>
+#include <QChar>
 
-class QLineEdit;
 class QTextDocument;
 
 /// U+00AD is a letter of some fonts, but text layout hides it. A document therefore holds U+FFFC
@@ -16,12 +15,3 @@ void showSoftHyphens(QTextDocument &document);
 /// Puts U+FFFC in the place of each U+00AD of a document, and U+FFFD in that of each U+FFFC, which
 /// means something else elsewhere. Formats stay.
 void holdSoftHyphens(QTextDocument &document);
-
-/// Shows every U+00AD of a line edit, which can draw nothing in its place, as U+F0AD: there symbol
-/// fonts have the same sign, and other Tengwar fonts do too. In a font that hasn't it, U+00AD stays
-/// and is invisible. What is copied out of the line edit has U+00AD again; its text is to be read
-/// by heldText.
-void showSoftHyphens(QLineEdit &edit);
-
-/// The text that the line edit stands for.
-[[nodiscard]] QString heldText(const QLineEdit &edit);

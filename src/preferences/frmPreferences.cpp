@@ -10,7 +10,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RunCommand.h"
 #include "platform/ScreenUnits.h"
-#include "platform/SoftHyphen.h"
+#include "platform/SoftHyphenEdit.h"
 #include "preferences/FontFaceDelegate.h"
 #include "preferences/frmBrowse.h"
 #include "ui_frmPreferences.h"

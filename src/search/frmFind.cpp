@@ -6,7 +6,7 @@
 #include "platform/MessageBox.h"
 #include "platform/RichTextBox.h"
 #include "platform/RunCommand.h"
-#include "platform/SoftHyphen.h"
+#include "platform/SoftHyphenEdit.h"
 #include "search/TranscribeTyped.h"
 #include "ui_frmFind.h"
 
@@ -180,21 +180,30 @@ void frmFind::find()
     uncover(*pane);
 }
 
-/// Moves the dialog above or below the line of the match if it covers it, where the screen has
-/// room.
+/// Moves the dialog out of the lines of the match if it covers them: below or above or, where the
+/// screen has no room for that, beside the match.
 void frmFind::uncover(const RichTextBox &pane)
 {
-    const QRect caret = pane.cursorRect();
-    const QRect line(pane.viewport()->mapToGlobal(QPoint(0, caret.top())),
-                     QSize(pane.viewport()->width(), caret.height()));
+    QTextCursor start = pane.textCursor();
+    start.setPosition(start.selectionStart());
+    const QRect inPane = pane.cursorRect(start) | pane.cursorRect();
+    const QWidget &viewport = *pane.viewport();
+    const QRect match(viewport.mapToGlobal(inPane.topLeft()), inPane.size());
+    const QRect lines(viewport.mapToGlobal(QPoint(0, inPane.top())),
+                      QSize(viewport.width(), inPane.height()));
     const QRect frame = frameGeometry();
-    const QRect screen = this->screen()->availableGeometry();
-    if (!frame.intersects(line))
+    if (!frame.intersects(lines))
         return;
-    if (line.bottom() + frame.height() <= screen.bottom())
-        move(frame.left(), line.bottom() + 1);
-    else if (line.top() - frame.height() >= screen.top())
-        move(frame.left(), line.top() - frame.height());
+    const QRect screen = this->screen()->availableGeometry();
+    for (const QPoint place : {QPoint(frame.left(), lines.bottom() + 1),
+                               QPoint(frame.left(), lines.top() - frame.height()),
+                               QPoint(match.right() + 1, frame.top()),
+                               QPoint(match.left() - frame.width(), frame.top())}) {
+        if (screen.contains(QRect(place, frame.size()))) {
+            move(place);
+            return;
+        }
+    }
 }
 
 void frmFind::replace()

@@ -4,7 +4,7 @@
 #include "editor/SelectAllOnFocus.h"
 #include "editor/SharedState.h"
 #include "platform/ScreenUnits.h"
-#include "platform/SoftHyphen.h"
+#include "platform/SoftHyphenEdit.h"
 #include "ui_frmSpecialCharacters.h"
 
 #include <QEvent>

@@ -1,8 +1,8 @@
+#include "about/frmAbout.h"
 #include "editor/SharedState.h"
 #include "editor/frmParagraph.h"
 #include "modes/frmModes.h"
 #include "platform/RichTextBox.h"
-#include "preferences/ElidedLabel.h"
 #include "preferences/frmBrowse.h"
 #include "preferences/frmPreferences.h"
 #include "search/frmFind.h"
@@ -97,6 +97,11 @@ std::unique_ptr<QDialog> makeItems(World &world)
 std::unique_ptr<QDialog> makeSpecialCharacters(World &world)
 {
     return std::make_unique<frmSpecialCharacters>(world.state, nullptr);
+}
+
+std::unique_ptr<QDialog> makeAbout(World &world)
+{
+    return std::make_unique<frmAbout>(world.state.Settings, world.registry.registry, nullptr);
 }
 
 bool isField(const QWidget &widget)
@@ -237,6 +242,7 @@ constexpr Named Dialogs[] = {
     {"frmCalculator, numerals", makeNumerals},
     {"frmCalculator, items", makeItems},
     {"frmSpecialCharacters", makeSpecialCharacters},
+    {"frmAbout", makeAbout},
 };
 
 } // namespace

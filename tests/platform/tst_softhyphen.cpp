@@ -1,12 +1,6 @@
-#include "platform/SoftHyphen.h"
-
 #include "platform/RichTextBox.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QClipboard>
-#include <QFontDatabase>
-#include <QGuiApplication>
-#include <QLineEdit>
 #include <QPainter>
 #include <QRawFont>
 #include <QTest>
@@ -58,9 +52,6 @@ private Q_SLOTS:
     void followsItsFont();
     void risesWithItsOffset();
     void breaksNoLineByItself();
-    void lineEditShowsIt();
-    void lineEditGivesItBack();
-    void lineEditOfAFontWithoutIt();
 
 private:
     /// The horizontal place before the character of the first line, in the document's pixels.
@@ -139,60 +130,6 @@ void tst_SoftHyphen::breaksNoLineByItself()
 {
     box_->setText(u"a\xADz\xAD"_qs);
     QCOMPARE(box_->document()->firstBlock().layout()->lineCount(), 1);
-}
-
-namespace {
-
-/// A line edit in a font that has the sign also among the symbols.
-class TengwarEdit : public QLineEdit
-{
-public:
-    TengwarEdit()
-    {
-        const int id = QFontDatabase::addApplicationFont(u"" QUILLON_PROGRAM_FOLDER
-                                                         "/Fonts/TengwarQuillon-Regular.otf"_qs);
-        setFont(QFont(QFontDatabase::applicationFontFamilies(id).value(0), 20));
-        showSoftHyphens(*this);
-        show();
-        setFocus();
-    }
-};
-
-} // namespace
-
-void tst_SoftHyphen::lineEditShowsIt()
-{
-    TengwarEdit edit;
-    QVERIFY(QTest::qWaitForWindowActive(&edit));
-    edit.setText(u"z"_qs);
-    const QImage alone = edit.grab().toImage();
-    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, u"\xAD"_qs, {});
-    QCOMPARE(edit.cursorPosition(), 2);
-    QCOMPARE(heldText(edit), u"z\xAD"_qs);
-    QVERIFY(edit.grab().toImage() != alone);
-}
-
-void tst_SoftHyphen::lineEditGivesItBack()
-{
-    TengwarEdit edit;
-    QVERIFY(QTest::qWaitForWindowActive(&edit));
-    QClipboard &clipboard = *QGuiApplication::clipboard();
-    clipboard.setText(u"a\xAD"_qs);
-    QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
-    QCOMPARE(heldText(edit), u"a\xAD"_qs);
-    QTest::keyClick(&edit, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClick(&edit, Qt::Key_X, Qt::ControlModifier);
-    QTRY_COMPARE(clipboard.text(), u"a\xAD"_qs);
-    QCOMPARE(heldText(edit), QString());
-}
-
-void tst_SoftHyphen::lineEditOfAFontWithoutIt()
-{
-    QLineEdit edit;
-    edit.setFont(QFont(u"DejaVu Sans"_qs));
-    showSoftHyphens(edit);
-    edit.setText(u"a\xAD"_qs);
-    QCOMPARE(edit.text(), u"a\xAD"_qs);
 }
 
 QTEST_MAIN(tst_SoftHyphen)

@@ -134,11 +134,13 @@ void tst_frmFind::matchStaysVisible_data()
 {
     QTest::addColumn<int>("line");
     QTest::addColumn<double>("height"); // of the match, in the dialog's
+    QTest::addColumn<int>("tallness");  // of the dialog, in pixels
     QTest::addColumn<int>("side");      // to which it must move: up, not at all, down
-    QTest::newRow("covered") << 8 << 0.5 << 1;
-    QTest::newRow("covered, with no room below") << 33 << 0.5 << -1;
-    QTest::newRow("above the dialog") << 8 << -0.5 << 0;
-    QTest::newRow("below the dialog") << 30 << 1.5 << 0;
+    QTest::newRow("covered") << 8 << 0.5 << 0 << 1;
+    QTest::newRow("covered, with no room below") << 33 << 0.5 << 0 << -1;
+    QTest::newRow("above the dialog") << 8 << -0.5 << 0 << 0;
+    QTest::newRow("below the dialog") << 30 << 1.5 << 0 << 0;
+    QTest::newRow("covered by a tall dialog") << 12 << 0.5 << 700 << 0;
 }
 
 /// Wherever the dialog stands, what it finds is not hidden by it.
@@ -146,6 +148,7 @@ void tst_frmFind::matchStaysVisible()
 {
     QFETCH(int, line);
     QFETCH(double, height);
+    QFETCH(int, tallness);
     QFETCH(int, side);
     FindWindow window;
     window.setGeometry(0, 200, 700, 590);
@@ -155,6 +158,8 @@ void tst_frmFind::matchStaysVisible()
     window.commands.showFind();
     frmFind &dialog = window.dialog();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
+    if (tallness > 0)
+        dialog.resize(dialog.width(), tallness);
     QTRY_COMPARE(window.height(), 590);
     QTextCursor place(window.source.document()->findBlockByNumber(line));
     const auto onScreen = [&](const QRect &rect) {

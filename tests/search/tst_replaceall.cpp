@@ -85,7 +85,7 @@ void tst_ReplaceAll::tenThousandReplacements()
     clock.start();
     window.click("cmdReplaceAll");
     QTRY_COMPARE(window.source.Text(), u"bc12"_qs.repeated(Count));
-    QVERIFY2(clock.elapsed() < 3'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < 5'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
     int position = 0; // in the former text, four characters being three there
     const QTextBlock block = window.source.document()->firstBlock();
     for (auto it = block.begin(); !it.atEnd(); ++it) {

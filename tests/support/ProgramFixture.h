@@ -26,7 +26,8 @@ struct ProgramFixture
         registry.settings.write(SettingKey::Mode, QStringLiteral("Path"), modes.path());
         registry.settings.write(SettingKey::Mode, QStringLiteral("CurrentMode"),
                                 QStringLiteral("Test"));
-        program = std::make_unique<Program>(registry.registry, registry.folder.path());
+        program = std::make_unique<Program>(registry.registry, registry.folder.path(),
+                                            registry.folder.filePath(QStringLiteral("Fonts")));
         if (!program->Main() || !QTest::qWaitForWindowActive(&form()))
             qFatal("The program did not start");
     }

@@ -226,7 +226,7 @@ void tst_GlyphVariants::longTextKeepsItsFormats()
     QElapsedTimer clock;
     clock.start();
     GlyphVariants(pane, journal).curledToStraight();
-    QVERIFY2(clock.elapsed() < 2'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
+    QVERIFY2(clock.elapsed() < 5'000, qPrintable(u"%1 ms"_qs.arg(clock.elapsed())));
     QCOMPARE(pane.Text(), u"[a"_qs.repeated(Characters / 2));
     int position = 0;
     const QTextBlock block = pane.document()->firstBlock();

@@ -286,6 +286,7 @@ void Tour::everything()
                           camera_.takeModal(
                               u"frmBrowse"_s, [&browse] { browse.click(); }, waitForFolders);
                       });
+    camera_.takeModal(u"frmAbout"_s, triggering("mnuHAbout"_L1));
     camera_.takeModal(u"font"_s, triggering("mnuFFont"_L1));
     form().controls().rtbRoman->setTag({}); // nothing to be asked about
     camera_.takeModal(u"open"_s, triggering("mnuFOpen"_L1));
