@@ -44,7 +44,7 @@ Role = Atspi.Role
 TOGGLES = {Role.CHECK_BOX, Role.RADIO_BUTTON, Role.TOGGLE_BUTTON}
 TEXTS = {Role.ENTRY, Role.TEXT, Role.PASSWORD_TEXT, Role.DOCUMENT_TEXT}
 LISTS = {Role.LIST, Role.TREE, Role.TREE_TABLE, Role.TABLE}
-NUMBERS = {Role.SPIN_BUTTON, Role.SLIDER, Role.PROGRESS_BAR}
+NUMBERS = {Role.SPIN_BUTTON, Role.SLIDER, Role.PROGRESS_BAR, Role.SPLIT_PANE}
 OTHERS = {Role.PUSH_BUTTON, Role.COMBO_BOX, Role.MENU_ITEM, Role.PAGE_TAB, Role.TOOL_BAR, Role.LIST_ITEM,
           Role.TABLE_CELL, Role.TREE_ITEM}
 NAMED = TOGGLES | TEXTS | LISTS | NUMBERS | OTHERS
@@ -123,7 +123,9 @@ def complaint(node):
     role, interfaces = node.get_role(), node.get_interfaces()
     if role in FORBIDDEN and has(node, Atspi.StateType.FOCUSABLE):
         return "no role"
-    if role not in NAMED:
+    # the toolkit gives this role also to what only holds two controls
+    is_holder = role == Role.SPLIT_PANE and not has(node, Atspi.StateType.FOCUSABLE)
+    if role not in NAMED or is_holder:
         return None
     if not node.get_name() and not is_labelled(node):
         return "no name"
