@@ -28,6 +28,10 @@ DIALOG_REPLY = 500  # milliseconds; opening a modal dialog gives no reply before
 # The title of each window, and what is pressed on the way to it: a menu item of the main window, then
 # a button of the window that this opens.
 WINDOWS = {
+    "Open Source File": ["Open..."],
+    "Save Source File As": ["Save as..."],
+    "Print": ["Print..."],
+    "Select Font": ["Font..."],
     "Find": ["Find"],
     "Preferences": ["Preferences..."],
     "Select Folder": ["Preferences...", "Browse..."],
@@ -123,9 +127,11 @@ def complaint(node):
     role, interfaces = node.get_role(), node.get_interfaces()
     if role in FORBIDDEN and has(node, Atspi.StateType.FOCUSABLE):
         return "no role"
+    # a folder in a list of files has no size
+    is_detail = role == Role.TABLE_CELL and node.get_parent().get_role() != Role.TABLE
     # the toolkit gives this role also to what only holds two controls
     is_holder = role == Role.SPLIT_PANE and not has(node, Atspi.StateType.FOCUSABLE)
-    if role not in NAMED or is_holder:
+    if role not in NAMED or is_detail or is_holder:
         return None
     if not node.get_name() and not is_labelled(node):
         return "no name"
