@@ -59,6 +59,17 @@ QAction *addButton(QToolBar &toolbar, const ToolbarEntry &entry, QStyle &toggleS
     return action;
 }
 
+/// The button that leads to what a narrow window hides has a dark icon under every theme.
+void drawExtension(const QToolBar &toolbar)
+{
+    auto *button = toolbar.findChild<QToolButton *>(QStringLiteral("qt_toolbar_ext_button"));
+    if (button == nullptr)
+        return;
+    button->setIcon(inkIcon(QStringLiteral(":/icons/More.svg")));
+    button->setToolTip(QStringLiteral("More"));
+    button->setAccessibleName(button->toolTip());
+}
+
 } // namespace
 
 void buildToolbar(QToolBar &toolbar, std::span<const ToolbarEntry> table,
@@ -76,4 +87,5 @@ void buildToolbar(QToolBar &toolbar, std::span<const ToolbarEntry> table,
                               : addButton(toolbar, entry, *toggleStyle);
         action->setObjectName(toolbar.objectName() + QLatin1Char('.') + entry.key);
     }
+    drawExtension(toolbar);
 }

@@ -5,6 +5,8 @@
 
 #include <QAbstractItemView>
 #include <QLineEdit>
+#include <QMenu>
+#include <QTimer>
 #include <QToolButton>
 
 using namespace Qt::Literals::StringLiterals;
@@ -27,6 +29,7 @@ private Q_SLOTS:
     void closingTheListGivesTheFocusBack();
     void escapeAndEnterGiveTheFocusBack();
     void theWheelNeedsTheFocus();
+    void narrowWindowsHideNothingForGood();
 
 private:
     static QToolButton *button(const FormFixture &fixture, const char *name);
@@ -275,6 +278,30 @@ void tst_Toolbars::theWheelNeedsTheFocus()
     sizes->setFocus();
     turn();
     QCOMPARE(sizes->currentIndex(), 4);
+}
+
+void tst_Toolbars::narrowWindowsHideNothingForGood()
+{
+    const FormFixture fixture({300, 300});
+    for (const char *name : {"Toolbar1", "tbrFormat"}) {
+        auto *more = fixture.find(name)->findChild<QToolButton *>(u"qt_toolbar_ext_button"_s);
+        QTRY_VERIFY(more->isVisible());
+        QCOMPARE(more->accessibleName(), u"More"_s);
+        // in the ink of the theme
+        QCOMPARE(more->icon().pixmap(12, 24).toImage().pixelColor(6, 12),
+                 more->palette().color(QPalette::ButtonText));
+    }
+    QVERIFY(!button(fixture, "Toolbar1.Transcribe")->isVisible());
+    auto *more = fixture.find("Toolbar1")->findChild<QToolButton *>(u"qt_toolbar_ext_button"_s);
+    bool wasOffered = false;
+    QTimer::singleShot(0, &fixture.form, [&] {
+        if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            wasOffered = menu->actions().contains(fixture.action("Toolbar1.Transcribe"));
+            menu->close();
+        }
+    });
+    QTest::mouseClick(more, Qt::LeftButton);
+    QVERIFY(wasOffered);
 }
 
 QTEST_MAIN(tst_Toolbars)
