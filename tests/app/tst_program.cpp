@@ -422,7 +422,8 @@ void tst_Program::locatedEditorIsStoredLast()
     registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Black Speech"_s);
     WatchedStore store(registry_->store);
     RegistryFunctions registry(store);
-    program_ = std::make_unique<Program>(registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     QVERIFY(program_->Main());
     {
         const MessageBoxes boxes({QMessageBox::Yes});
@@ -448,7 +449,8 @@ void tst_Program::editorSetByHandIsNotWritten()
     registry_->settings.write(SettingKey::Mode, u"EditorPath"_s, editor.path());
     WatchedStore store(registry_->store);
     RegistryFunctions registry(store);
-    program_ = std::make_unique<Program>(registry, registry_->folder.path());
+    program_ = std::make_unique<Program>(registry, registry_->folder.path(),
+                                         registry_->folder.filePath(u"Fonts"_s));
     QVERIFY(program_->Main());
     program_->form().commands().action("mnuTRunModeSmith"_L1).trigger();
     QTRY_VERIFY(editor.wasStarted());
