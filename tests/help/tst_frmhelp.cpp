@@ -2,7 +2,7 @@
 #include "help/HelpCommands.h"
 #include "help/frmHelp.h"
 
-#include "TarBytes.h"
+#include "HelpBytes.h"
 #include "editor/SharedState.h"
 #include "support/MessageBoxes.h"
 
@@ -45,10 +45,11 @@ QByteArray bookBytes()
     QByteArray longText;
     for (int i = 0; i < 200; ++i)
         longText += "<p>A line to scroll past.</p>";
-    return helpBytes({{"one.html", page("One", "<p><a href=\"two.html\">onwards</a></p>")},
-                      {"two.html", page("Two", "<p>tengwar " + longText + " quillon</p>")},
-                      {"three.html", page("Three", "<p><img src=\"pictures/wide.png\"></p>")},
-                      {"pictures/wide.png", picture()}});
+    return helpBytes(
+        {{QStringLiteral("one.html"), page("One", "<p><a href=\"two.html\">onwards</a></p>")},
+         {QStringLiteral("two.html"), page("Two", "<p>tengwar " + longText + " quillon</p>")},
+         {QStringLiteral("three.html"), page("Three", "<p><img src=\"pictures/wide.png\"></p>")},
+         {QStringLiteral("pictures/wide.png"), picture()}});
 }
 
 /// The window, open, with its controls.
