@@ -1,8 +1,9 @@
 #include "help/HelpBook.h"
 
-#include "help/TarArchive.h"
-
 #include <QCryptographicHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 #include <QTextDocument>
 #include <algorithm>
@@ -11,33 +12,24 @@ namespace {
 
 constexpr qsizetype TitleWeight = 100; // a page about the word comes before those that mention it
 
-QHash<QString, QByteArray> readSums(const QByteArray &listing)
+/// What follows the line with the sum, if that is its sum.
+std::optional<QByteArray> intactContent(QByteArrayView bytes)
 {
-    QHash<QString, QByteArray> sums;
-    for (const QByteArray &line : listing.split('\n')) {
-        const qsizetype gap = line.indexOf("  ");
-        if (gap > 0)
-            sums.insert(QString::fromUtf8(line.mid(gap + 2)), QByteArray::fromHex(line.left(gap)));
-    }
-    return sums;
+    constexpr qsizetype LineLength = 64 + 1;
+    if (bytes.size() <= LineLength)
+        return std::nullopt;
+    const QByteArray content = bytes.sliced(LineLength).toByteArray();
+    const QByteArray sum = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
+    return bytes.first(LineLength) == sum.toHex() + '\n' ? std::optional(content) : std::nullopt;
 }
 
-bool areIntact(const std::vector<TarEntry> &files, const QHash<QString, QByteArray> &sums)
+HelpPage readPage(const QJsonObject &page)
 {
-    return qsizetype(files.size()) == sums.size() &&
-           std::all_of(files.begin(), files.end(), [&sums](const TarEntry &file) {
-               return sums.value(file.name) ==
-                      QCryptographicHash::hash(file.content, QCryptographicHash::Sha256);
-           });
-}
-
-HelpPage readPage(const TarEntry &file)
-{
+    const QString html = page[QStringLiteral("html")].toString();
     QTextDocument document;
-    const QString html = QString::fromUtf8(file.content);
     document.setHtml(html);
-    return {file.name, document.metaInformation(QTextDocument::DocumentTitle), html,
-            document.toPlainText()};
+    return {page[QStringLiteral("name")].toString(),
+            document.metaInformation(QTextDocument::DocumentTitle), html, document.toPlainText()};
 }
 
 qsizetype occurrences(const HelpPage &page, const QString &word)
@@ -50,20 +42,17 @@ qsizetype occurrences(const HelpPage &page, const QString &word)
 
 std::optional<HelpBook> HelpBook::read(QByteArrayView bytes)
 {
-    std::optional<std::vector<TarEntry>> files = readTar(bytes);
-    if (!files || files->empty() || files->back().name != QStringLiteral("SHA256SUMS"))
+    const std::optional<QByteArray> content = intactContent(bytes);
+    if (!content)
         return std::nullopt;
-    const QHash<QString, QByteArray> sums = readSums(files->back().content);
-    files->pop_back();
-    if (!areIntact(*files, sums))
-        return std::nullopt;
+    const QJsonObject file = QJsonDocument::fromJson(*content).object();
     HelpBook book;
-    for (const TarEntry &file : *files) {
-        if (file.name.endsWith(QStringLiteral(".html")))
-            book.pages_.push_back(readPage(file));
-        else
-            book.pictures_.insert(file.name, file.content);
-    }
+    for (const QJsonValue &page : file[QStringLiteral("pages")].toArray())
+        book.pages_.push_back(readPage(page.toObject()));
+    const QJsonObject pictures = file[QStringLiteral("pictures")].toObject();
+    for (auto picture = pictures.begin(); picture != pictures.end(); ++picture)
+        book.pictures_.insert(picture.key(),
+                              QByteArray::fromBase64(picture.value().toString().toLatin1()));
     return book.pages_.empty() ? std::nullopt : std::optional(book);
 }
 

@@ -24,13 +24,13 @@ struct HelpHit
 
 /// The help as a book: pages in their order, and pictures.
 ///
-/// Its file is a tar archive of HTML pages in UTF-8 and PNG pictures. The entry SHA256SUMS, in the
-/// form of the program sha256sum, has a line for each of the others.
+/// Its file begins with a line of 64 hexadecimal digits, the SHA-256 sum of what follows: a JSON
+/// object with an array "pages", objects of a "name" and a "html", and an object "pictures", which
+/// has PNG files in base64 under their names.
 class HelpBook
 {
 public:
-    /// The book in those bytes. Nothing if they are damaged in any way: no archive, a page or
-    /// picture that doesn't have its sum, or no page at all.
+    /// The book in those bytes. Nothing if they are damaged in any way or hold no page.
     [[nodiscard]] static std::optional<HelpBook> read(QByteArrayView bytes);
 
     [[nodiscard]] const std::vector<HelpPage> &pages() const { return pages_; }

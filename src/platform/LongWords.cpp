@@ -3,25 +3,30 @@
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
+#include <algorithm>
 
 namespace {
 
-/// A word of twice this length fills one section at least.
-constexpr qsizetype sectionLength = 2'000;
+/// Laying out a word of this length between words takes no time that is felt while typing.
+constexpr qsizetype longestUsual = 10'000;
 
-bool isWithinWord(QStringView section)
+/// The last place in the text where a line may be broken; 0 if there is none.
+qsizetype lastBreak(QStringView text)
 {
-    if (section.contains(u' ')) // as nearly every one does
-        return false;
-    QTextBoundaryFinder lines(QTextBoundaryFinder::Line, section.data(), section.size());
-    return lines.toNextBoundary() >= section.size();
+    if (const qsizetype space = text.lastIndexOf(u' '); space >= 0) // as there nearly always is
+        return space + 1;
+    QTextBoundaryFinder lines(QTextBoundaryFinder::Line, text.data(), text.size());
+    lines.toEnd();
+    return std::max<qsizetype>(lines.toPreviousBoundary(), 0);
 }
 
 bool hasLongWord(QStringView text)
 {
-    for (; text.size() >= sectionLength; text = text.sliced(sectionLength)) {
-        if (isWithinWord(text.first(sectionLength)))
+    while (text.size() > longestUsual) {
+        const qsizetype next = lastBreak(text.first(longestUsual + 1));
+        if (next == 0)
             return true;
+        text = text.sliced(next);
     }
     return false;
 }
@@ -32,7 +37,7 @@ bool haveLongWord(const QTextDocument &document, int from, int to)
 {
     for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() <= to;
          block = block.next()) {
-        if (block.length() > sectionLength && hasLongWord(block.text()))
+        if (block.length() > longestUsual && hasLongWord(block.text()))
             return true;
     }
     return false;

@@ -81,7 +81,8 @@ bool ReplaceRounds::round()
     const qsizetype match = search_.find(afterGap, start, afterGap.size());
     if (match < 0)
         return false;
-    if (length() - search_.length() + replacement_.size() > MaximumLength)
+    const qsizetype growth = replacement_.size() - search_.length();
+    if (growth > 0 && length() + growth > MaximumLength)
         throw RuntimeError(ErrorNumber::Overflow);
     moveGap(match);
     const qint32 origin = insertedWithFormatOf(formatOf(origins_[size_t(gapEnd_)]));

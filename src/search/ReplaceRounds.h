@@ -20,7 +20,8 @@
 class ReplaceRounds
 {
 public:
-    /// No text becomes longer, in characters.
+    /// No text grows beyond this, in characters; one that is longer already can be changed all the
+    /// same.
     static constexpr qsizetype MaximumLength = 10'000'000;
 
     /// `replacement` is in the form of a pane's text.

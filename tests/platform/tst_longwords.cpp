@@ -26,16 +26,22 @@ void tst_LongWords::lengths_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("isLong");
     QTest::newRow("empty") << QString() << false;
-    QTest::newRow("as long as never matters") << QString(1'999, u'a') << false;
-    QTest::newRow("as long as always matters") << u" "_qs + QString(4'001, u'a') << true;
-    QTest::newRow("behind other words")
-        << u"ab cd "_qs.repeated(999) + QString(5'000, u'a') << true;
+    QTest::newRow("a long address") << u"see "_qs + QString(2'000, u'a') << false;
+    QTest::newRow("longest that keeps other words whole") << QString(10'000, u'a') << false;
+    QTest::newRow("longer") << QString(10'001, u'a') << true;
+    QTest::newRow("longest behind a word") << u"ab "_qs + QString(10'000, u'a') << false;
+    QTest::newRow("longer behind a word") << u"ab "_qs + QString(10'001, u'a') << true;
+    QTest::newRow("longer between words")
+        << u"ab cd "_qs.repeated(2'999) + QString(10'001, u'a') + u" ef"_qs << true;
     QTest::newRow("words") << u"ab cd "_qs.repeated(9'999) << false;
-    QTest::newRow("no-break spaces") << u"a\xA0"_qs.repeated(5'000) << true;
+    QTest::newRow("no-break spaces") << u"a\xA0"_qs.repeated(5'001) << true;
     QTest::newRow("parted by hyphens alone") << u"ab-"_qs.repeated(9'999) << false;
+    QTest::newRow("parted by one hyphen")
+        << QString(9'000, u'a') + u'-' + QString(9'000, u'a') << false;
+    QTest::newRow("signs that each end a line") << QString(40'000, u'\u65E5') << false;
     QTest::newRow("parted by soft line breaks") << u"abc\u2028"_qs.repeated(9'999) << false;
-    QTest::newRow("many paragraphs") << (QString(1'000, u'a') + u'\n').repeated(99) << false;
-    QTest::newRow("second paragraph") << u"a\n"_qs + QString(5'000, u'a') << true;
+    QTest::newRow("many paragraphs") << (QString(5'000, u'a') + u'\n').repeated(99) << false;
+    QTest::newRow("second paragraph") << u"a\n"_qs + QString(10'001, u'a') << true;
 }
 
 void tst_LongWords::lengths()
@@ -49,7 +55,7 @@ void tst_LongWords::lengths()
 void tst_LongWords::onlyBetweenThePositions()
 {
     QTextDocument document;
-    QTextCursor(&document).insertText(u"ab\ncd\n"_qs + QString(5'000, u'a'));
+    QTextCursor(&document).insertText(u"ab\ncd\n"_qs + QString(10'001, u'a'));
     QVERIFY(!haveLongWord(document, 0, 5));
     QVERIFY(haveLongWord(document, 0, 6));
 }
@@ -58,7 +64,7 @@ void tst_LongWords::longestWordIsShownAtOnce_data()
 {
     QTest::addColumn<QString>("first");
     QTest::newRow("inserted") << QString();
-    QTest::newRow("grown") << QString(3'000, u'a');
+    QTest::newRow("grown") << QString(9'000, u'a');
 }
 
 void tst_LongWords::longestWordIsShownAtOnce()
@@ -80,13 +86,17 @@ void tst_LongWords::longestWordIsShownAtOnce()
 void tst_LongWords::wordsAreKeptWholeAgain()
 {
     RichTextBox box;
-    box.setText(u"ab "_qs + QString(5'000, u'a'));
+    box.setText(u"ab "_qs + QString(10'000, u'a'));
+    QCOMPARE(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    box.setSelStart(5'000);
+    box.setSelText(u"x"_qs);
+    QCOMPARE(box.wordWrapMode(), QTextOption::WrapAnywhere);
     box.setSelStart(1);
     box.setSelText(u"x"_qs);
     QCOMPARE(box.wordWrapMode(), QTextOption::WrapAnywhere);
-    box.setSelStart(2'000);
-    box.setSelLength(4'000);
-    box.setSelText(u" "_qs);
+    box.setSelStart(6'000);
+    box.setSelLength(1);
+    box.setSelText({});
     QCOMPARE(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void replacementMakesNewMatches_data();
     void replacementMakesNewMatches();
     void textStopsGrowing();
+    void longestTextsCanBeChanged();
     void longTextTakesLittleTime();
 };
 
@@ -170,6 +171,18 @@ void tst_ReplaceRounds::textStopsGrowing()
     for (const TextEdit &edit : rounds.edits())
         length += edit.text.size();
     QCOMPARE(length, 1 + 2000 * 4999);
+}
+
+void tst_ReplaceRounds::longestTextsCanBeChanged()
+{
+    const QString text(ReplaceRounds::MaximumLength, u'b');
+    for (const QString &replacement : {u"ba"_qs, u"b"_qs}) {
+        ReplaceRounds rounds(text + u"abc"_qs, TextSearch(u"ab"_qs, {}), replacement);
+        QVERIFY(rounds.round());
+        QVERIFY(!rounds.round());
+    }
+    ReplaceRounds rounds(text + u"abc"_qs, TextSearch(u"ab"_qs, {}), u"abb"_qs);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, (void)rounds.round());
 }
 
 void tst_ReplaceRounds::longTextTakesLittleTime()
