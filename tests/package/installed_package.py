@@ -70,10 +70,11 @@ class Root:
 
 @contextlib.contextmanager
 def display():
-    """A display without a window manager; yields its name."""
+    """A display without a window manager; yields its name. It doesn't start anew when the last program
+    leaves, or the next one might find it closed."""
     reading, writing = os.pipe()
     with subprocess.Popen(["Xvfb", "-displayfd", str(writing), "-screen", "0", "1280x1024x24",
-                           "-nolisten", "tcp", "-ac"],
+                           "-nolisten", "tcp", "-ac", "-noreset"],
                           pass_fds=[writing], stderr=subprocess.DEVNULL) as server:
         os.close(writing)
         try:
