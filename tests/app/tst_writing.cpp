@@ -96,7 +96,9 @@ private Q_SLOTS:
     void keysThatRecord();
     void wholeLinesAreFormatted();
     void glyphVariantsOfTheSelection();
+    void glyphVariantsBeyondTheLimit();
     void unknownCharacterBeforeTheStart();
+    void pixelsAreForgottenAtTheEnd();
 };
 
 void tst_Writing::superscriptsAddUpAndGo()
@@ -275,6 +277,23 @@ void tst_Writing::glyphVariantsOfTheSelection()
     QCOMPARE(pane.Text(), u"pPpPp"_s);
 }
 
+void tst_Writing::glyphVariantsBeyondTheLimit()
+{
+    const Desk desk;
+    const QString text(32'768, u'p');
+    desk.fill(desk.target(), text);
+    desk.select(desk.target(), 32'767, 1);
+    const MessageBoxes boxes;
+    desk.choose("mnuTengwar"_L1, u"ls"_s);
+    QCOMPARE(boxes.seen().size(), 1U);
+    QCOMPARE(boxes.seen()[0].text, u"Run-time error '6':\n\nOverflow"_s);
+    QCOMPARE(desk.target().Text(), text);
+    desk.select(desk.target(), 32'766, 1);
+    desk.choose("mnuTengwar"_L1, u"ls"_s);
+    QCOMPARE(boxes.seen().size(), 1U);
+    QCOMPARE(desk.target().Text(), QString(text.first(32'766) + u"[p"_s));
+}
+
 void tst_Writing::unknownCharacterBeforeTheStart()
 {
     const Desk desk;
@@ -288,6 +307,28 @@ void tst_Writing::unknownCharacterBeforeTheStart()
     desk.choose("mnuTengwar"_L1, u"p"_s);
     QCOMPARE(desk.target().SelText(), u"?"_s);
     QCOMPARE(desk.target().SelStart(), 2);
+}
+
+void tst_Writing::pixelsAreForgottenAtTheEnd()
+{
+    Desk desk;
+    const ModalDialog preferences("frmPreferences", [](QDialog &dialog) {
+        QTest::keyClick(dialog.findChild<QComboBox *>(u"cmbStandardUnit"_s), Qt::Key_End);
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    });
+    desk.choose("mnuEdit"_L1, u"pp."_s);
+    QCOMPARE(preferences.uses(), 1);
+    QString unit;
+    const ModalDialog paragraph("frmParagraph", [&unit](QDialog &dialog) {
+        unit = dialog.findChild<QLabel *>(u"lblUnit_0"_s)->text();
+        dialog.reject();
+    });
+    desk.choose("mnuFormat"_L1, u"p"_s);
+    QCOMPARE(unit, u"px"_s);
+    desk.restart();
+    QCOMPARE(desk.registry.settings.text(SettingKey::General, u"Unit"_s), u"px"_s);
+    desk.choose("mnuFormat"_L1, u"p"_s);
+    QCOMPARE(unit, u"mm"_s);
 }
 
 QTEST_MAIN(tst_Writing)

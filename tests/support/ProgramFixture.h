@@ -26,6 +26,13 @@ struct ProgramFixture
         registry.settings.write(SettingKey::Mode, QStringLiteral("Path"), modes.path());
         registry.settings.write(SettingKey::Mode, QStringLiteral("CurrentMode"),
                                 QStringLiteral("Test"));
+        restart();
+    }
+
+    /// Starts the program, with what the one before has left in the settings.
+    void restart()
+    {
+        program.reset();
         program = std::make_unique<Program>(registry.registry, registry.folder.path(),
                                             registry.folder.filePath(QStringLiteral("Fonts")));
         if (!program->Main() || !QTest::qWaitForWindowActive(&form()))
