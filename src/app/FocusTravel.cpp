@@ -1,10 +1,12 @@
 #include "app/FocusTravel.h"
 
 #include "app/Form1.h"
+#include "app/Splitter.h"
 #include "app/ToolbarCombo.h"
 
 #include <QShortcut>
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace {
@@ -15,10 +17,10 @@ void travel(Form1 &form, Step step)
 {
     const FormControls &controls = form.controls();
     std::vector<QWidget *> stops = {nullptr}; // the active pane
-    for (QWidget *list : {controls.cboModeName, controls.cboFontName, controls.cboFontSize}) {
-        if (list->isVisible())
-            stops.push_back(list);
-    }
+    const std::initializer_list<QWidget *> others = {controls.cboModeName, controls.cboFontName,
+                                                     controls.cboFontSize, controls.imgRuler};
+    std::copy_if(others.begin(), others.end(), std::back_inserter(stops),
+                 [](const QWidget *stop) { return stop->isVisible(); });
     const auto present = std::find(stops.begin(), stops.end(), form.focusWidget());
     const size_t place = present == stops.end() ? 0 : size_t(present - stops.begin());
     QWidget *next = stops[(place + stops.size() + size_t(step)) % stops.size()];

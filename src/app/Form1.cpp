@@ -207,6 +207,7 @@ void Form1::wirePanes()
         waitingSplit_.reset();
         MoveControls();
     });
+    connect(controls_.imgRuler, &Splitter::finished, this, &Form1::SetRTBFocus);
 }
 
 void Form1::wireCombos()

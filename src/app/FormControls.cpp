@@ -61,6 +61,7 @@ void makePanes(QWidget &inner, FormControls &controls)
     controls.fraRuler->setAutoFillBackground(true);
     controls.fraRuler->setBackgroundRole(QPalette::Highlight);
     controls.imgRuler = named(new Splitter(*controls.fraRuler, &inner), "imgRuler"_L1);
+    controls.imgRuler->setAccessibleName(QStringLiteral("Divider between the panes"));
 }
 
 QLabel *makePanel(QLatin1StringView name)

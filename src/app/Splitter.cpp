@@ -1,5 +1,6 @@
 #include "app/Splitter.h"
 
+#include "app/AccessibleSplitter.h"
 #include "app/WindowLayout.h"
 #include "platform/ScreenUnits.h"
 
@@ -7,12 +8,58 @@
 #include <QStyleOption>
 #include <QStylePainter>
 
+namespace {
+
+QAccessibleInterface *makeAccessible(const QString &, QObject *object)
+{
+    auto *splitter = qobject_cast<Splitter *>(object);
+    return splitter != nullptr ? new AccessibleSplitter(*splitter) : nullptr;
+}
+
+} // namespace
+
 Splitter::Splitter(QWidget &bar, QWidget *parent) : QWidget(parent), bar_(bar)
 {
     constexpr int Width = 6; // pixels
     setFixedWidth(Width);
     setCursor(Qt::SplitHCursor);
+    setFocusPolicy(Qt::TabFocus); // a drag leaves the focus in the pane
+    QAccessible::installFactory(makeAccessible);
     bar_.hide();
+}
+
+qint64 Splitter::room() const
+{
+    return toTwips(parentWidget()->width(), twipsPerPixelX(*this));
+}
+
+void Splitter::moveTo(qint64 twips)
+{
+    left_ = clampSplit(twips, room());
+    Q_EMIT moved();
+    QAccessibleValueChangeEvent event(this, AccessibleSplitter(*this).currentValue());
+    QAccessible::updateAccessibility(&event);
+}
+
+void Splitter::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->modifiers() & ~Qt::KeypadModifier ? Qt::Key_unknown : event->key()) {
+    case Qt::Key_Left:
+        return moveTo(left_ - Step);
+    case Qt::Key_Right:
+        return moveTo(left_ + Step);
+    case Qt::Key_Home:
+        return moveTo(0);
+    case Qt::Key_End:
+        return moveTo(room());
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+        Q_EMIT finished();
+        return;
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 void Splitter::mousePressEvent(QMouseEvent *event)
@@ -41,18 +88,15 @@ void Splitter::mouseReleaseEvent(QMouseEvent *event)
 {
     if (!dragging_ || event->button() != Qt::LeftButton)
         return;
-    moveBar(barLeft_);
-    left_ = barLeft_;
-    Q_EMIT moved();
+    moveTo(barLeft_);
     bar_.hide();
     dragging_ = false;
 }
 
 void Splitter::moveBar(qint64 twips)
 {
-    const double perPixel = twipsPerPixelX(*this);
-    barLeft_ = clampSplit(twips, toTwips(parentWidget()->width(), perPixel));
-    bar_.move(toPixels(static_cast<double>(barLeft_), perPixel), bar_.y());
+    barLeft_ = clampSplit(twips, room());
+    bar_.move(toPixels(static_cast<double>(barLeft_), twipsPerPixelX(*this)), bar_.y());
 }
 
 void Splitter::paintEvent(QPaintEvent *)
@@ -60,5 +104,8 @@ void Splitter::paintEvent(QPaintEvent *)
     QStyleOption option;
     option.initFrom(this);
     option.state |= QStyle::State_Horizontal;
-    QStylePainter(this).drawControl(QStyle::CE_Splitter, option);
+    QStylePainter painter(this);
+    if (hasFocus())
+        painter.fillRect(rect(), palette().highlight());
+    painter.drawControl(QStyle::CE_Splitter, option);
 }

@@ -4,10 +4,10 @@
 #include "editor/SharedState.h"
 #include "editor/UndoJournal.h"
 #include "engine/RuntimeError.h"
+#include "platform/CommonDialog.h"
 #include "platform/RichTextBox.h"
 #include "platform/ScreenUnits.h"
 
-#include <QFontDialog>
 #include <algorithm>
 
 namespace {
@@ -149,14 +149,12 @@ void FormatCommands::chooseFont(QWidget *window)
     const CharacterFormat present = CharacterFormat::of(insertionFormat(active->textCursor()),
                                                         active->document()->defaultFont());
     const QFont before = fontOf(present);
-    QFontDialog dialog(before, window);
-    dialog.setObjectName(QStringLiteral("fontDialog"));
-    if (dialog.exec() != QDialog::Accepted)
+    std::optional<QFont> chosen = showFontDialog(window, before);
+    if (!chosen)
         return;
-    QFont chosen = dialog.selectedFont();
     // The dialog shows whole sizes only; one that was left alone keeps its half.
-    if (chosen.pointSize() == qRound(before.pointSizeF()))
-        chosen.setPointSizeF(before.pointSizeF());
+    if (chosen->pointSize() == qRound(before.pointSizeF()))
+        chosen->setPointSizeF(before.pointSizeF());
     if (RichTextBox *pane = recordedPane())
-        applyFont(*pane, chosen);
+        applyFont(*pane, *chosen);
 }

@@ -4,6 +4,10 @@
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
 #include <QPrintDialog>
 #include <QRegularExpression>
 
@@ -31,6 +35,7 @@ protected:
 
 private:
     [[nodiscard]] bool mayReplace(const QString &path);
+    void tieLabel(QLatin1StringView label, QLatin1StringView control);
 
     const FileDialogRequest &request_;
 };
@@ -42,6 +47,8 @@ FileDialog::FileDialog(QWidget *window, AcceptMode mode, const FileDialogRequest
     setOptions(DontUseNativeDialog | DontConfirmOverwrite); // done() asks, after its own checks
     setAcceptMode(mode);
     setFileMode(AnyFile);
+    tieLabel(QLatin1StringView("lookInLabel"), QLatin1StringView("lookInCombo"));
+    tieLabel(QLatin1StringView("fileTypeLabel"), QLatin1StringView("fileTypeCombo"));
     setNameFilters(request.filters);
     if (mode == AcceptSave) {
         connect(this, &QFileDialog::filterSelected, this,
@@ -91,6 +98,28 @@ bool FileDialog::mayReplace(const QString &path)
     return showMessage(this, question) == QMessageBox::Yes;
 }
 
+/// Tells screen readers of a label that the toolkit only puts beside its control.
+void FileDialog::tieLabel(QLatin1StringView label, QLatin1StringView control)
+{
+    if (auto *found = findChild<QLabel *>(label))
+        found->setBuddy(findChild<QWidget *>(control));
+}
+
+/// Names the boxes and lists for screen readers. The toolkit makes each label after what it labels.
+void nameControls(const QFontDialog &dialog)
+{
+    QWidgetList unnamed;
+    for (QObject *child : dialog.children()) {
+        if (const auto *label = qobject_cast<QLabel *>(child)) {
+            for (QWidget *control : std::as_const(unnamed))
+                control->setAccessibleName(label->text().remove(u'&'));
+            unnamed.clear();
+        } else if (qobject_cast<QLineEdit *>(child) || qobject_cast<QListView *>(child)) {
+            unnamed.append(static_cast<QWidget *>(child));
+        }
+    }
+}
+
 std::optional<ChosenFile> chosenIn(FileDialog &dialog)
 {
     if (dialog.exec() != QDialog::Accepted)
@@ -127,4 +156,14 @@ PrintDialogAnswer showPrintDialog(QWidget *window, QPrinter &printer)
     dialog.setObjectName(dialogName);
     return dialog.exec() == QDialog::Accepted ? PrintDialogAnswer::Print
                                               : PrintDialogAnswer::Cancel;
+}
+
+std::optional<QFont> showFontDialog(QWidget *window, const QFont &font)
+{
+    QFontDialog dialog(font, window);
+    dialog.setObjectName(QStringLiteral("fontDialog"));
+    nameControls(dialog);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.selectedFont();
 }

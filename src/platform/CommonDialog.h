@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include <QFont>
 #include <QStringList>
 #include <functional>
 #include <optional>
@@ -42,3 +42,6 @@ enum class PrintDialogAnswer { Cancel, Print };
 
 /// Lets the user choose and set up the printer, or a PDF file.
 [[nodiscard]] PrintDialogAnswer showPrintDialog(QWidget *window, QPrinter &printer);
+
+/// Lets the user choose a font; nothing if the user cancels it. `font` is the one to start with.
+[[nodiscard]] std::optional<QFont> showFontDialog(QWidget *window, const QFont &font);

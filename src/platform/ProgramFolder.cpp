@@ -117,7 +117,7 @@ void Seeding::seed(const QString &name)
 {
     const QByteArray bytes = readFile(from_.filePath(name));
     const QByteArray digest = digestOf(bytes);
-    switch (stateOf(name, digest)) {
+    switch (stateOf(name, bytes)) {
     case Copy::Missing:
     case Copy::Unchanged:
         writeFile(to_.filePath(name), bytes);
@@ -141,10 +141,10 @@ Copy Seeding::stateOf(const QString &name, const QByteArray &brought) const
     }
     if (!info.isFile() || !info.isReadable() || !info.isWritable())
         return Copy::OfTheUser;
-    const QByteArray own = digestOf(readFile(path));
+    const QByteArray own = readFile(path);
     if (own == brought)
         return Copy::Current;
-    return own == seeded && !isOutdated_ ? Copy::Unchanged : Copy::OfTheUser;
+    return digestOf(own) == seeded && !isOutdated_ ? Copy::Unchanged : Copy::OfTheUser;
 }
 
 } // namespace

@@ -27,8 +27,8 @@ public:
 
     /// Brings the user's folder up to date, as `version` of the program, if it is the one to use
     /// and can be written. Throws RuntimeError naming the file that can't be read or written; what
-    /// was seeded by then is whole, and the next time goes on from there. Does nothing if another
-    /// run of the program has been at it for seconds.
+    /// was seeded by then is whole, and the next time goes on from there. Several runs of the
+    /// program may do it at the same time.
     void seed(const QVersionNumber &version) const;
 
 private:

@@ -28,6 +28,10 @@ DIALOG_REPLY = 500  # milliseconds; opening a modal dialog gives no reply before
 # The title of each window, and what is pressed on the way to it: a menu item of the main window, then
 # a button of the window that this opens.
 WINDOWS = {
+    "Open Source File": ["Open..."],
+    "Save Source File As": ["Save as..."],
+    "Print": ["Print..."],
+    "Select Font": ["Font..."],
     "Find": ["Find"],
     "Preferences": ["Preferences..."],
     "Select Folder": ["Preferences...", "Browse..."],
@@ -44,7 +48,7 @@ Role = Atspi.Role
 TOGGLES = {Role.CHECK_BOX, Role.RADIO_BUTTON, Role.TOGGLE_BUTTON}
 TEXTS = {Role.ENTRY, Role.TEXT, Role.PASSWORD_TEXT, Role.DOCUMENT_TEXT}
 LISTS = {Role.LIST, Role.TREE, Role.TREE_TABLE, Role.TABLE}
-NUMBERS = {Role.SPIN_BUTTON, Role.SLIDER, Role.PROGRESS_BAR}
+NUMBERS = {Role.SPIN_BUTTON, Role.SLIDER, Role.PROGRESS_BAR, Role.SPLIT_PANE}
 OTHERS = {Role.PUSH_BUTTON, Role.COMBO_BOX, Role.MENU_ITEM, Role.PAGE_TAB, Role.TOOL_BAR, Role.LIST_ITEM,
           Role.TABLE_CELL, Role.TREE_ITEM}
 NAMED = TOGGLES | TEXTS | LISTS | NUMBERS | OTHERS
@@ -123,7 +127,11 @@ def complaint(node):
     role, interfaces = node.get_role(), node.get_interfaces()
     if role in FORBIDDEN and has(node, Atspi.StateType.FOCUSABLE):
         return "no role"
-    if role not in NAMED:
+    # a folder in a list of files has no size
+    is_detail = role == Role.TABLE_CELL and node.get_parent().get_role() != Role.TABLE
+    # the toolkit gives this role also to what only holds two controls
+    is_holder = role == Role.SPLIT_PANE and not has(node, Atspi.StateType.FOCUSABLE)
+    if role not in NAMED or is_detail or is_holder:
         return None
     if not node.get_name() and not is_labelled(node):
         return "no name"

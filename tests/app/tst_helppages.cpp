@@ -222,10 +222,11 @@ void tst_HelpPages::everyShortcutIsListed()
 void tst_HelpPages::namedKeysExist()
 {
     // Those that no menu shows: of the window, the panes, the boxes, and the help itself.
-    QSet<QString> known{u"F5"_s,        u"F6"_s,       u"Shift+F6"_s,  u"Esc"_s,
-                        u"Ctrl+Tab"_s,  u"Alt"_s,      u"Menu"_s,      u"Enter"_s,
-                        u"Shift+Del"_s, u"Ctrl+Ins"_s, u"Shift+Ins"_s, u"Backspace"_s,
-                        u"Alt+Left"_s,  u"Alt+Right"_s};
+    QSet<QString> known{u"F5"_s,        u"F6"_s,        u"Shift+F6"_s,  u"Esc"_s,
+                        u"Ctrl+Tab"_s,  u"Alt"_s,       u"Menu"_s,      u"Enter"_s,
+                        u"Shift+Del"_s, u"Ctrl+Ins"_s,  u"Shift+Ins"_s, u"Backspace"_s,
+                        u"Alt+Left"_s,  u"Alt+Right"_s, u"Left"_s,      u"Right"_s,
+                        u"Home"_s,      u"End"_s};
     for (const MenuEntry &entry : menuTable())
         known.insert(entry.shortcut);
     for (const ToolbarEntry &entry : formattingToolbarTable())

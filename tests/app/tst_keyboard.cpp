@@ -1,3 +1,4 @@
+#include "app/Splitter.h"
 #include "app/ToolbarCombo.h"
 #include "platform/RichTextBox.h"
 #include "support/FileDialogs.h"
@@ -51,7 +52,8 @@ void tst_Keyboard::f6GoesRound()
     const ProgramFixture fixture;
     const FormControls &controls = fixture.form().controls();
     const std::vector<QWidget *> stops = {controls.cboModeName, controls.cboFontName,
-                                          controls.cboFontSize, controls.rtbRoman};
+                                          controls.cboFontSize, controls.imgRuler,
+                                          controls.rtbRoman};
     QVERIFY(controls.rtbRoman->hasFocus());
     for (QWidget *stop : stops) {
         press(Qt::Key_F6);
@@ -75,8 +77,12 @@ void tst_Keyboard::f6PassesHiddenToolbars()
     press(Qt::Key_F6);
     QVERIFY(controls.cboModeName->hasFocus());
     press(Qt::Key_F6);
+    QVERIFY(controls.imgRuler->hasFocus());
+    press(Qt::Key_F6);
     QVERIFY(controls.rtbRoman->hasFocus());
     fixture.form().commands().action("mnuVStandardToolbar"_L1).trigger();
+    press(Qt::Key_F6);
+    QVERIFY(controls.imgRuler->hasFocus());
     press(Qt::Key_F6);
     QVERIFY(controls.rtbRoman->hasFocus());
 }

@@ -1,7 +1,10 @@
 #include "app/Splitter.h"
 #include "support/FormFixture.h"
 
+#include <QAccessible>
 #include <QFrame>
+
+using namespace Qt::Literals::StringLiterals;
 
 class tst_Splitter : public QObject
 {
@@ -14,6 +17,13 @@ private Q_SLOTS:
     void aClickMovesNothing();
     void otherButtonsDoNothing();
     void shrinkingTheWindow();
+    void keysMoveIt_data();
+    void keysMoveIt();
+    void otherKeysDoNothing();
+    void keysLeadBack_data();
+    void keysLeadBack();
+    void aClickLeavesTheFocus();
+    void screenReadersMeetIt();
 };
 
 namespace {
@@ -107,6 +117,93 @@ void tst_Splitter::shrinkingTheWindow()
     fixture.form.resize(Width, 600);
     QTRY_COMPARE(fixture.find("rtbTengwar")->geometry().right() + 1, Width);
     QCOMPARE(splitter->Left(), 600 * TwipsPerPixel - 1000);
+}
+
+void tst_Splitter::keysMoveIt_data()
+{
+    QTest::addColumn<QList<Qt::Key>>("keys");
+    QTest::addColumn<int>("left"); // in twips, from 6750
+    QTest::newRow("left") << QList{Qt::Key_Left} << 6600;
+    QTest::newRow("right") << QList{Qt::Key_Right} << 6900;
+    QTest::newRow("there and back") << QList{Qt::Key_Right, Qt::Key_Left} << 6750;
+    QTest::newRow("to the far left") << QList{Qt::Key_Home} << 1000;
+    QTest::newRow("no further left") << QList{Qt::Key_Home, Qt::Key_Left} << 1000;
+    QTest::newRow("to the far right") << QList{Qt::Key_End} << Width * TwipsPerPixel - 1000;
+    QTest::newRow("no further right")
+        << QList{Qt::Key_End, Qt::Key_Right} << Width * TwipsPerPixel - 1000;
+}
+
+void tst_Splitter::keysMoveIt()
+{
+    QFETCH(QList<Qt::Key>, keys);
+    QFETCH(int, left);
+    const FormFixture fixture({Width, 600});
+    auto *splitter = fixture.find<Splitter>("imgRuler");
+    QCOMPARE(splitter->Left(), 6750);
+    splitter->setFocus(Qt::ShortcutFocusReason);
+    for (const Qt::Key key : keys)
+        QTest::keyClick(QApplication::focusWidget(), key);
+    QVERIFY(splitter->hasFocus());
+    QCOMPARE(splitter->Left(), left);
+    QCOMPARE(splitter->x(), qRound(left / double(TwipsPerPixel)));
+    QCOMPARE(fixture.find("rtbRoman")->width(), splitter->x());
+}
+
+void tst_Splitter::otherKeysDoNothing()
+{
+    const FormFixture fixture({Width, 600});
+    auto *splitter = fixture.find<Splitter>("imgRuler");
+    splitter->setFocus(Qt::ShortcutFocusReason);
+    for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_A})
+        QTest::keyClick(splitter, key);
+    QTest::keyClick(splitter, Qt::Key_Left, Qt::ControlModifier);
+    QCOMPARE(splitter->Left(), 6750);
+    QVERIFY(splitter->hasFocus());
+}
+
+void tst_Splitter::keysLeadBack_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("Return") << Qt::Key_Return;
+    QTest::newRow("Enter") << Qt::Key_Enter;
+    QTest::newRow("Esc") << Qt::Key_Escape;
+}
+
+void tst_Splitter::keysLeadBack()
+{
+    QFETCH(Qt::Key, key);
+    const FormFixture fixture;
+    auto *splitter = fixture.find<Splitter>("imgRuler");
+    fixture.find("rtbTengwar")->setFocus();
+    splitter->setFocus(Qt::ShortcutFocusReason);
+    QTest::keyClick(splitter, key);
+    QVERIFY(fixture.find("rtbTengwar")->hasFocus());
+}
+
+void tst_Splitter::aClickLeavesTheFocus()
+{
+    const FormFixture fixture;
+    QVERIFY(fixture.find("rtbRoman")->hasFocus());
+    QTest::mouseClick(fixture.find("imgRuler"), Qt::LeftButton, {}, {3, 50});
+    QVERIFY(fixture.find("rtbRoman")->hasFocus());
+}
+
+void tst_Splitter::screenReadersMeetIt()
+{
+    const FormFixture fixture({Width, 600});
+    auto *splitter = fixture.find<Splitter>("imgRuler");
+    QAccessibleInterface *met = QAccessible::queryAccessibleInterface(splitter);
+    QCOMPARE(met->role(), QAccessible::Splitter);
+    QCOMPARE(met->text(QAccessible::Name), u"Divider between the panes"_s);
+    QAccessibleValueInterface *value = met->valueInterface();
+    QVERIFY(value);
+    QCOMPARE(value->currentValue().toDouble(), 50);
+    QCOMPARE(value->minimumValue().toDouble() + value->maximumValue().toDouble(), 100);
+    value->setCurrentValue(25);
+    QCOMPARE(splitter->Left(), Width * TwipsPerPixel / 4);
+    QCOMPARE(splitter->x(), Width / 4);
+    value->setCurrentValue(100);
+    QCOMPARE(value->currentValue(), value->maximumValue());
 }
 
 QTEST_MAIN(tst_Splitter)

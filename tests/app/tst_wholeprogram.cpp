@@ -1,12 +1,10 @@
 #include "app/CaptionLabel.h"
-#include "app/Form1.h"
-#include "app/Program.h"
 #include "app/ToolbarCombo.h"
-#include "editor/SettingKeys.h"
 #include "platform/RichTextBox.h"
+#include "support/FileDialogs.h"
 #include "support/MessageBoxes.h"
-#include "support/ModeFolder.h"
-#include "support/RegistryFolder.h"
+#include "support/ModalDialog.h"
+#include "support/ProgramFixture.h"
 
 #include <QAction>
 #include <QApplication>
@@ -46,15 +44,14 @@ private Q_SLOTS:
 
 private:
     void trigger(QLatin1StringView name) { form().commands().action(name).trigger(); }
-    [[nodiscard]] Form1 &form() { return program_->form(); }
+    [[nodiscard]] Form1 &form() { return fixture_->form(); }
     [[nodiscard]] RichTextBox &source() { return *form().controls().rtbRoman; }
     [[nodiscard]] RichTextBox &target() { return *form().controls().rtbTengwar; }
     [[nodiscard]] bool isRunning() { return form().tmrStatus().isActive(); }
     void act(QRandomGenerator &random);
+    void startAnew();
 
-    std::unique_ptr<RegistryFolder> registry_;
-    std::unique_ptr<ModeFolder> modes_;
-    std::unique_ptr<Program> program_;
+    std::unique_ptr<ProgramFixture> fixture_;
 };
 
 namespace {
@@ -71,24 +68,13 @@ QByteArray doublingMode()
 
 void tst_WholeProgram::init()
 {
-    registry_ = std::make_unique<RegistryFolder>();
-    modes_ = std::make_unique<ModeFolder>();
-    modes_->add(u"Doubles"_s, doublingMode());
-    modes_->add(u"Other"_s, ModeBytes().rule("a", "o").bytes());
-    for (const QString &name : {u"Source.tpl"_s, u"Target.tpl"_s})
-        QVERIFY(QFile::copy(QStringLiteral(QUILLON_PROGRAM_FOLDER "/") + name,
-                            registry_->folder.filePath(name)));
-    registry_->settings.write(SettingKey::Mode, u"Path"_s, modes_->path());
-    registry_->settings.write(SettingKey::Mode, u"CurrentMode"_s, u"Doubles"_s);
-    program_ = std::make_unique<Program>(registry_->registry, registry_->folder.path(),
-                                         registry_->folder.filePath(u"Fonts"_s));
-    QVERIFY(program_->Main());
-    QVERIFY(QTest::qWaitForWindowActive(&form()));
+    fixture_ = std::make_unique<ProgramFixture>(ProgramFixture::Modes{
+        {u"Doubles"_s, doublingMode()}, {u"Other"_s, ModeBytes().rule("a", "o").bytes()}});
 }
 
 void tst_WholeProgram::cleanup()
 {
-    program_.reset();
+    fixture_.reset();
     QVERIFY(QGuiApplication::overrideCursor() == nullptr);
 }
 
@@ -229,7 +215,7 @@ void tst_WholeProgram::commandsOpenTheirDialogs()
 void tst_WholeProgram::commandsDoNothingWithoutAPane()
 {
     QTest::keyClicks(&source(), u"abc"_s);
-    program_->state().ActivePane = PaneCode::None;
+    fixture_->program->state().ActivePane = PaneCode::None;
     const MessageBoxes boxes;
     for (const auto name : {"mnuFNew"_L1, "mnuFSave"_L1, "mnuECut"_L1, "mnuEClear"_L1,
                             "mnuEPaste"_L1, "mnuFSBold"_L1, "mnuFParagraph"_L1})
@@ -240,9 +226,9 @@ void tst_WholeProgram::commandsDoNothingWithoutAPane()
 
 void tst_WholeProgram::droppedFileIsOpened()
 {
-    modes_->write(u"letter.txt"_s, "a letter");
+    fixture_->modes.write(u"letter.txt"_s, "a letter");
     QMimeData files;
-    files.setUrls({QUrl::fromLocalFile(modes_->path(u"letter.txt"_s))});
+    files.setUrls({QUrl::fromLocalFile(fixture_->modes.path(u"letter.txt"_s))});
     QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
     QCoreApplication::sendEvent(target().viewport(), &enter);
     QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &files, Qt::LeftButton, {});
@@ -263,7 +249,7 @@ void tst_WholeProgram::unknownCharactersAreSoughtWhereTheyLeaveMarks()
                form().commands().action("mnuTFindPrevious"_L1).isEnabled();
     };
     QVERIFY(!canSeek());
-    program_->state().Settings.UndefinedText = u"?"_s;
+    fixture_->program->state().Settings.UndefinedText = u"?"_s;
     QVERIFY(canSeek());
     QTest::keyClicks(&source(), u"a!b"_s);
     trigger("mnuTTranscribe"_L1);
@@ -377,6 +363,8 @@ void tst_WholeProgram::act(QRandomGenerator &random)
                                               "mnuERedo"_L1,
                                               "mnuFNew"_L1,
                                               "mnuFClearAll"_L1,
+                                              "mnuFOpen"_L1,
+                                              "mnuFSave"_L1,
                                               "mnuECut"_L1,
                                               "mnuECopy"_L1,
                                               "mnuEPaste"_L1,
@@ -388,6 +376,7 @@ void tst_WholeProgram::act(QRandomGenerator &random)
                                               "mnuPSource"_L1,
                                               "mnuPTarget"_L1,
                                               "mnuTAutoTranscribe"_L1,
+                                              "mnuTMode"_L1,
                                               "mnuVFormattingToolbar"_L1,
                                               "mnuTSStraightToCurled"_L1};
     RichTextBox &pane = random.bounded(2) == 0 ? source() : target();
@@ -403,14 +392,24 @@ void tst_WholeProgram::act(QRandomGenerator &random)
         QTest::keyClick(&pane, random.bounded(4) == 0 ? Qt::Key_Escape : Qt::Key_Backspace);
         break;
     case 3:
-        modes_->add(u"Doubles"_s, random.bounded(4) == 0 ? QByteArray("damaged") : doublingMode());
+        fixture_->modes.add(u"Doubles"_s,
+                            random.bounded(4) == 0 ? QByteArray("damaged") : doublingMode());
         break;
     case 4:
-        form().close(); // the question that follows is answered by Cancel
+        form().close(); // most often the question that follows is answered by Cancel
         break;
     default:
         trigger(commands[random.bounded(static_cast<int>(std::size(commands)))]);
     }
+}
+
+/// After the window was closed in the middle of things.
+void tst_WholeProgram::startAnew()
+{
+    while (QGuiApplication::overrideCursor() != nullptr)
+        QGuiApplication::restoreOverrideCursor(); // the last run may have ended with an error
+    fixture_.reset();
+    init();
 }
 
 void tst_WholeProgram::anythingMayHappenDuringARun()
@@ -418,33 +417,44 @@ void tst_WholeProgram::anythingMayHappenDuringARun()
     const quint32 seed = QRandomGenerator::global()->generate();
     qInfo("seed %u", seed);
     QRandomGenerator random(seed);
-    // Cancel is the answer to every question but some; the boxes of errors have only OK.
+    // A box that lacks the button gets another answer; the boxes of errors have only OK.
+    constexpr QMessageBox::StandardButton buttons[] = {QMessageBox::Yes, QMessageBox::No,
+                                                       QMessageBox::Cancel, QMessageBox::Cancel};
     std::deque<QMessageBox::StandardButton> answers;
     for (int i = 0; i < 2000; ++i)
-        answers.push_back(random.bounded(3) == 0 ? QMessageBox::No : QMessageBox::Cancel);
+        answers.push_back(buttons[random.bounded(static_cast<int>(std::size(buttons)))]);
     const MessageBoxes boxes(answers);
+    const QTemporaryDir folder;
+    std::deque<FileDialogs::Answer> names; // what is opened later was saved before
+    for (int i = 0; i < 100; ++i)
+        names.push_back({folder.filePath(u"letter.txt"_s)});
+    const FileDialogs files(names);
+    const ModalDialog modes("frmModes", [&random](QDialog &dialog) {
+        QTest::keyClick(&dialog, random.bounded(2) == 0 ? Qt::Key_Return : Qt::Key_Escape);
+    });
     QTimer user;
     user.callOnTimeout(this, [&] {
-        if (isRunning() && QApplication::activeModalWidget() == nullptr && random.bounded(20) == 0)
+        if (fixture_ && isRunning() && QApplication::activeModalWidget() == nullptr &&
+            random.bounded(20) == 0)
             act(random);
     });
     user.start(0);
-    for (int run = 0; run < 40 && form().isVisible(); ++run) {
+    for (int run = 0; run < 40; ++run) {
+        if (!form().isVisible())
+            startAnew();
         source().setText(QString(500 + random.bounded(1500), u'a'));
         trigger("mnuTTranscribe"_L1);
         QCoreApplication::processEvents();
     }
     user.stop();
-    if (!form().isVisible()) {                    // both questions were answered by No
-        QGuiApplication::restoreOverrideCursor(); // the last run may have ended with an error
-        return;
-    }
+    if (!form().isVisible())
+        startAnew();
     QTRY_VERIFY(QApplication::activeModalWidget() == nullptr);
 
     // However the runs ended, the next one is as the first.
     if (form().commands().action("mnuTAutoTranscribe"_L1).isChecked())
         trigger("mnuTAutoTranscribe"_L1);
-    modes_->add(u"Doubles"_s, doublingMode());
+    fixture_->modes.add(u"Doubles"_s, doublingMode());
     source().setText(u"abc"_s);
     target().setText({});
     trigger("mnuTTranscribe"_L1);

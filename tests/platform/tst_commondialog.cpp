@@ -2,8 +2,11 @@
 #include "support/BracketTranslator.h"
 #include "support/FileDialogs.h"
 #include "support/MessageBoxes.h"
+#include "support/ModalDialog.h"
 
+#include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -17,6 +20,9 @@ private Q_SLOTS:
     void missingFilesAreRefused();
     void replacingIsAskedFor();
     void messagesAreTranslated();
+    void listsOfTheFileDialogHaveLabels();
+    void boxesOfTheFontDialogHaveNames();
+    void fontIsHandedOn();
 
 private:
     [[nodiscard]] QString newFile(const QString &name) const
@@ -83,6 +89,50 @@ void tst_CommonDialog::messagesAreTranslated()
              u'[' + present + u" already exists.\nDo you want to replace it?]"_s);
     QCOMPARE(refuseMissingFile({.path = u"/x"_s}),
              u"[/x\nFile not found.\nCheck the name and try again.]"_s);
+}
+
+void tst_CommonDialog::listsOfTheFileDialogHaveLabels()
+{
+    const ModalDialog user("CommonDialog1", [](QDialog &dialog) {
+        for (const auto &[label, list] : {std::pair(u"lookInLabel"_s, u"lookInCombo"_s),
+                                          std::pair(u"fileTypeLabel"_s, u"fileTypeCombo"_s)}) {
+            const auto *control = dialog.findChild<QComboBox *>(list);
+            QVERIFY(control);
+            QCOMPARE(dialog.findChild<QLabel *>(label)->buddy(), control);
+        }
+    });
+    QVERIFY(!showOpenDialog(nullptr, {.title = u"T"_s, .refusal = noRefusal}));
+    QCOMPARE(user.uses(), 1);
+}
+
+void tst_CommonDialog::boxesOfTheFontDialogHaveNames()
+{
+    const ModalDialog user("fontDialog", [](QDialog &dialog) {
+        const auto namesOf = [](const auto &controls) {
+            QStringList names;
+            for (const QWidget *control : controls)
+                names += control->accessibleName();
+            return names;
+        };
+        const QStringList names = {u"Font"_s, u"Font style"_s, u"Size"_s};
+        QCOMPARE(namesOf(dialog.findChildren<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly)),
+                 names);
+        QCOMPARE(namesOf(dialog.findChildren<QListView *>(QString(), Qt::FindDirectChildrenOnly)),
+                 names);
+    });
+    QVERIFY(!showFontDialog(nullptr, QFont()));
+    QCOMPARE(user.uses(), 1);
+}
+
+void tst_CommonDialog::fontIsHandedOn()
+{
+    const ModalDialog user("fontDialog", [](QDialog &dialog) {
+        QTest::keyClick(dialog.findChildren<QLineEdit *>().at(2), Qt::Key_Return);
+    });
+    const auto font = showFontDialog(nullptr, QFont(u"DejaVu Serif"_s, 17));
+    QVERIFY(font);
+    QCOMPARE(font->family(), u"DejaVu Serif"_s);
+    QCOMPARE(font->pointSize(), 17);
 }
 
 QTEST_MAIN(tst_CommonDialog)

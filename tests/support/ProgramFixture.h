@@ -8,16 +8,22 @@
 
 #include <QTest>
 
-/// The whole program at its start, with settings, a program folder and one mode of its own.
+/// The whole program at its start, with settings, a program folder and modes of its own.
 struct ProgramFixture
 {
+    /// Names and bytes of modes; the first is the current one.
+    using Modes = QList<std::pair<QString, QByteArray>>;
+
     RegistryFolder registry;
     ModeFolder modes;
     std::unique_ptr<Program> program;
 
-    ProgramFixture()
+    explicit ProgramFixture(const Modes &modeFiles = {
+                                {QStringLiteral("Test"),
+                                 ModeBytes().rule("a", "1").rule("b", "q").bytes()}})
     {
-        modes.add(QStringLiteral("Test"), ModeBytes().rule("a", "1").rule("b", "q").bytes());
+        for (const auto &[name, bytes] : modeFiles)
+            modes.add(name, bytes);
         for (const QString &name : {QStringLiteral("Source.tpl"), QStringLiteral("Target.tpl")}) {
             if (!QFile::copy(QStringLiteral(QUILLON_PROGRAM_FOLDER "/") + name,
                              registry.folder.filePath(name)))
@@ -25,7 +31,7 @@ struct ProgramFixture
         }
         registry.settings.write(SettingKey::Mode, QStringLiteral("Path"), modes.path());
         registry.settings.write(SettingKey::Mode, QStringLiteral("CurrentMode"),
-                                QStringLiteral("Test"));
+                                modeFiles.first().first);
         restart();
     }
 
