@@ -14,6 +14,12 @@ bool belongsToPane(const QKeyEvent &key)
            std::find(std::begin(Keys), std::end(Keys), key.key()) != std::end(Keys);
 }
 
+/// What a menu would show for the key: where on the keyboard it lies doesn't matter.
+QKeySequence sequence(const QKeyEvent &key)
+{
+    return QKeyCombination(key.modifiers() & ~Qt::KeypadModifier, Qt::Key(key.key()));
+}
+
 } // namespace
 
 PaneShortcuts::PaneShortcuts(const QList<QAction *> &menuItems, QObject *parent) : QObject(parent)
@@ -40,7 +46,7 @@ bool PaneShortcuts::eventFilter(QObject *, QEvent *event)
             key.accept();
         return asks;
     }
-    if (!ofMenus_.contains(QKeySequence(key.keyCombination())))
+    if (!ofMenus_.contains(sequence(key)))
         return false;
     key.setAccepted(!asks); // an ignored question leaves the key to the menu
     return true;

@@ -52,9 +52,7 @@ std::optional<ChangeReason> changeReason(const QKeyEvent &event, const RichTextB
         isOneOf(event, {QKeySequence::DeleteStartOfWord, QKeySequence::DeleteEndOfWord,
                         QKeySequence::DeleteEndOfLine}))
         return ChangeReason::EditingKey;
-    const bool isBackspace = event.key() == Qt::Key_Backspace &&
-                             (event.modifiers() & ~Qt::ShiftModifier) == Qt::NoModifier;
-    if (isBackspace || typesText(event) ||
+    if (isBackspace(event) || typesText(event) ||
         isOneOf(event, {QKeySequence::Delete, QKeySequence::InsertParagraphSeparator,
                         QKeySequence::InsertLineSeparator}))
         return ChangeReason::Typing;

@@ -4,6 +4,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QRawFont>
 
@@ -16,16 +17,52 @@ QString held(QString text)
     return text.replace(symbolSoftHyphen, softHyphen);
 }
 
+bool canShow(const QLineEdit &edit)
+{
+    return QRawFont::fromFont(edit.font()).supportsCharacter(symbolSoftHyphen);
+}
+
+QString inSymbols(QString text)
+{
+    return text.replace(softHyphen, symbolSoftHyphen);
+}
+
+/// Replaces what has come in by other ways than the keyboard.
 void putInSymbols(QLineEdit &edit)
 {
-    QString text = edit.text();
-    if (!text.contains(softHyphen) ||
-        !QRawFont::fromFont(edit.font()).supportsCharacter(symbolSoftHyphen))
+    const QString text = edit.text();
+    if (!text.contains(softHyphen) || !canShow(edit))
         return;
     const int cursor = edit.cursorPosition();
-    edit.setText(text.replace(softHyphen, symbolSoftHyphen));
+    edit.setText(inSymbols(text));
     edit.setCursorPosition(cursor);
 }
+
+/// Replaces what is typed or pasted before it comes in, so that it can be undone.
+class SymbolInput final : public QObject
+{
+public:
+    explicit SymbolInput(QLineEdit &edit) : QObject(&edit), edit_(edit)
+    {
+        edit.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress)
+            return false;
+        const auto &key = *static_cast<QKeyEvent *>(event);
+        const QString text =
+            key.matches(QKeySequence::Paste) ? QGuiApplication::clipboard()->text() : key.text();
+        if (!text.contains(softHyphen) || !canShow(edit_))
+            return false;
+        edit_.insert(inSymbols(text));
+        return true;
+    }
+
+private:
+    QLineEdit &edit_;
+};
 
 /// Puts U+00AD back into what the line edit, if it has the focus, has just copied.
 void restoreCopy(const QLineEdit &edit, QClipboard &clipboard, QClipboard::Mode mode)
@@ -41,6 +78,7 @@ void restoreCopy(const QLineEdit &edit, QClipboard &clipboard, QClipboard::Mode 
 
 void showSoftHyphens(QLineEdit &edit)
 {
+    new SymbolInput(edit);
     QObject::connect(&edit, &QLineEdit::textChanged, &edit, [&edit] { putInSymbols(edit); });
     QClipboard &clipboard = *QGuiApplication::clipboard();
     QObject::connect(

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void f6GoesRound();
     void f6PassesHiddenToolbars();
     void largerAndSmallerWithoutToolbar();
+    void largerAndSmallerOnMixedSizes();
     void aLetterFromFirstWordToFinishedPage_data();
     void aLetterFromFirstWordToFinishedPage();
     void escInTheWindowEndsReplaceAll();
@@ -101,6 +102,32 @@ void tst_Keyboard::largerAndSmallerWithoutToolbar()
     QCOMPARE(pane.Text(), u"abc"_s);
     const QAction &larger = fixture.form().commands().action("tbrFormat.FormatLarger"_L1);
     QCOMPARE(larger.toolTip(), u"Larger (Ctrl++)"_s);
+}
+
+void tst_Keyboard::largerAndSmallerOnMixedSizes()
+{
+    const ProgramFixture fixture;
+    RichTextBox &pane = *fixture.form().controls().rtbRoman;
+    const double size = pane.SelFormat().fontSize.value();
+    pane.setText(u"abc"_s);
+    pane.setSelLength(1);
+    pane.setSelFontSize(size + 2);
+    pane.setSelLength(3);
+    const QByteArray before = pane.TextRTF();
+    for (const Qt::Key key : {Qt::Key_Plus, Qt::Key_Minus}) {
+        press(key, Qt::ControlModifier);
+        press(key, Qt::ControlModifier | Qt::ShiftModifier);
+        press(key, Qt::ControlModifier | Qt::KeypadModifier);
+    }
+    QCOMPARE(pane.TextRTF(), before);
+    QVERIFY(!fixture.form().commands().action("mnuEUndo"_L1).isEnabled());
+    // Where the size is the same all over, the keys of the number pad do it too.
+    pane.setSelFontSize(size);
+    press(Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier);
+    QCOMPARE(pane.SelFormat().fontSize, size + 2);
+    press(2, Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+    QCOMPARE(pane.SelFormat().fontSize, size - 2);
+    QCOMPARE(pane.Text(), u"abc"_s);
 }
 
 void tst_Keyboard::aLetterFromFirstWordToFinishedPage_data()

@@ -32,6 +32,8 @@ class tst_SoftHyphenEdit : public QObject
 private Q_SLOTS:
     void isShown();
     void isGivenBack();
+    void isUndone();
+    void replacesTheSelection();
     void fontWithoutIt();
 };
 
@@ -59,6 +61,39 @@ void tst_SoftHyphenEdit::isGivenBack()
     QTest::keyClick(&edit, Qt::Key_X, Qt::ControlModifier);
     QTRY_COMPARE(clipboard.text(), u"a\xAD"_qs);
     QCOMPARE(heldText(edit), QString());
+}
+
+void tst_SoftHyphenEdit::isUndone()
+{
+    TengwarEdit edit;
+    QVERIFY(QTest::qWaitForWindowActive(&edit));
+    edit.setText(u"z"_qs);
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, u"\xAD"_qs, {});
+    QCOMPARE(heldText(edit), u"z\xAD"_qs);
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(heldText(edit), u"z"_qs);
+    QGuiApplication::clipboard()->setText(u"a\xAD"_qs);
+    QTest::keyClick(&edit, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(heldText(edit), u"za\xAD"_qs);
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(heldText(edit), u"z"_qs);
+    QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(heldText(edit), u"za\xAD"_qs);
+    QVERIFY(!edit.text().contains(u'\u00AD'));
+}
+
+void tst_SoftHyphenEdit::replacesTheSelection()
+{
+    TengwarEdit edit;
+    QVERIFY(QTest::qWaitForWindowActive(&edit));
+    edit.setText(u"a\xAD\xAD\xAD z"_qs);
+    edit.setSelection(1, 2);
+    QTest::keyClick(&edit, Qt::Key_C, Qt::ControlModifier);
+    QTRY_COMPARE(QGuiApplication::clipboard()->text(), u"\xAD\xAD"_qs);
+    QCOMPARE(edit.selectionLength(), 2);
+    QTest::sendKeyEvent(QTest::Click, &edit, Qt::Key_unknown, u"\xAD"_qs, {});
+    QCOMPARE(heldText(edit), u"a\xAD\xAD z"_qs);
+    QCOMPARE(edit.cursorPosition(), 2);
 }
 
 void tst_SoftHyphenEdit::fontWithoutIt()

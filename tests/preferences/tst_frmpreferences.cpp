@@ -30,6 +30,7 @@ struct Preferences
     SharedState state;
     RegistryFolder registry;
     QTemporaryDir modes;
+    QStringList fonts = Fonts;
     int applied = 0;
     std::unique_ptr<frmPreferences> dialog;
 
@@ -50,7 +51,7 @@ struct Preferences
     void open()
     {
         dialog = std::make_unique<frmPreferences>(
-            state, registry.settings, Fonts, [this] { ++applied; }, nullptr);
+            state, registry.settings, fonts, [this] { ++applied; }, nullptr);
         dialog->show();
         if (!QTest::qWaitForWindowActive(dialog.get()))
             qFatal("The window did not become active");
@@ -262,6 +263,20 @@ private Q_SLOTS:
         preferences.click("chkFilterList");
         QCOMPARE(entries(), Fonts);
         QCOMPARE(fonts.currentText(), QStringLiteral("Tengwar Quenya"));
+    }
+
+    void filterWithoutAnyTengwarFont()
+    {
+        Preferences preferences;
+        preferences.fonts = {QStringLiteral("DejaVu Sans"), QStringLiteral("Teng"),
+                             QStringLiteral("Teng Wa")};
+        preferences.state.Settings.GenericTengwarFont = QStringLiteral("Teng");
+        preferences.open();
+        preferences.click("chkFilterList");
+        QCOMPARE(preferences.list("cboGenericTengwarFont").count(), 0);
+        preferences.click("cmdOK");
+        QVERIFY(!preferences.dialog->isVisible());
+        QCOMPARE(preferences.state.Settings.GenericTengwarFont, QStringLiteral("Teng"));
     }
 
     void filterForgetsAChoice()

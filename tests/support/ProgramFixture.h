@@ -32,6 +32,13 @@ struct ProgramFixture
         registry.settings.write(SettingKey::Mode, QStringLiteral("Path"), modes.path());
         registry.settings.write(SettingKey::Mode, QStringLiteral("CurrentMode"),
                                 modeFiles.first().first);
+        restart();
+    }
+
+    /// Starts the program, with what the one before has left in the settings.
+    void restart()
+    {
+        program.reset();
         program = std::make_unique<Program>(registry.registry, registry.folder.path(),
                                             registry.folder.filePath(QStringLiteral("Fonts")));
         if (!program->Main() || !QTest::qWaitForWindowActive(&form()))
