@@ -48,13 +48,12 @@ function(quillon_program name)
     quillon_install_link("${CMAKE_INSTALL_BINDIR}/${name}" "${QUILLON_INSTALLED_FOLDER}/${name}")
 endfunction()
 
-# quillon_test(NAME LINK library... [SOURCES file...] [NEEDS target...] [DEFINE definition...]):
-# the test program NAME.cpp. Each test has a home folder of its own, so that no test sees another's
-# settings or those of whoever runs it.
-function(quillon_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;SOURCES;NEEDS;DEFINE")
+# What tests and benchmarks have in common: the program NAME.cpp, which knows the folders of the sources
+# and of the built program. FRAMEWORK is the library that runs it.
+function(quillon_harness name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "FRAMEWORK" "LINK;SOURCES;NEEDS;DEFINE")
     add_executable(${name} ${name}.cpp ${arg_SOURCES})
-    target_link_libraries(${name} PRIVATE ${arg_LINK} Qt6::Test quillon_options)
+    target_link_libraries(${name} PRIVATE ${arg_LINK} ${arg_FRAMEWORK} quillon_options)
     target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
     target_compile_definitions(${name} PRIVATE
         QUILLON_SOURCE_FOLDER="${PROJECT_SOURCE_DIR}"
@@ -63,6 +62,13 @@ function(quillon_test name)
     if(arg_NEEDS)
         add_dependencies(${name} ${arg_NEEDS})
     endif()
+endfunction()
+
+# quillon_test(NAME LINK library... [SOURCES file...] [NEEDS target...] [DEFINE definition...]):
+# the test program NAME.cpp. Each test has a home folder of its own, so that no test sees another's
+# settings or those of whoever runs it.
+function(quillon_test name)
+    quillon_harness(${name} FRAMEWORK Qt6::Test ${ARGN})
     set(home "${CMAKE_CURRENT_BINARY_DIR}/home-${name}")
     file(MAKE_DIRECTORY "${home}")
     add_test(NAME ${name} COMMAND ${name})
@@ -70,19 +76,9 @@ function(quillon_test name)
         "QT_QPA_PLATFORM=offscreen;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_DATA_HOME=${home}/data;XDG_CACHE_HOME=${home}/cache;XDG_RUNTIME_DIR=${home};LC_ALL=C.UTF-8;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endfunction()
 
-# quillon_benchmark(NAME LINK library...): the benchmark NAME.cpp
+# quillon_benchmark(NAME LINK library... [NEEDS target...] [DEFINE definition...]): the benchmark NAME.cpp
 function(quillon_benchmark name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;NEEDS;DEFINE")
-    add_executable(${name} ${name}.cpp)
-    target_link_libraries(${name} PRIVATE ${arg_LINK} benchmark::benchmark quillon_options)
-    target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
-    target_compile_definitions(${name} PRIVATE
-        QUILLON_SOURCE_FOLDER="${PROJECT_SOURCE_DIR}"
-        QUILLON_PROGRAM_FOLDER="${QUILLON_PROGRAM_FOLDER}"
-        ${arg_DEFINE})
-    if(arg_NEEDS)
-        add_dependencies(${name} ${arg_NEEDS})
-    endif()
+    quillon_harness(${name} FRAMEWORK benchmark::benchmark ${ARGN})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bench")
 endfunction()
 

@@ -3,6 +3,7 @@
 #include "editor/SettingKeys.h"
 #include "editor/SharedState.h"
 #include "engine/CodePage.h"
+#include "support/DialogControls.h"
 #include "support/RegistryFolder.h"
 #include "tools/ListItems.h"
 
@@ -26,7 +27,7 @@ QString codes(const QByteArray &hex)
 }
 
 /// The dialog, open, with the state and settings that it works on.
-class Calculator : public RegistryFolder
+class Calculator : public RegistryFolder, public DialogControls
 {
 public:
     void open()
@@ -35,27 +36,6 @@ public:
         dialog->show();
         QVERIFY(QTest::qWaitForWindowActive(dialog.get()));
         QCoreApplication::processEvents();
-    }
-
-    template<typename Control> [[nodiscard]] Control &get(const char *name) const
-    {
-        return *dialog->findChild<Control *>(QLatin1String(name));
-    }
-
-    void click(const char *name)
-    {
-        auto &button = get<QAbstractButton>(name);
-        QVERIFY2(button.isVisible() && button.isEnabled(), name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, {8, button.height() / 2});
-    }
-
-    void type(const char *box, const QString &text)
-    {
-        auto &control = get<QLineEdit>(box);
-        control.setFocus();
-        control.selectAll();
-        QTest::keyClick(&control, Qt::Key_Delete);
-        QTest::keyClicks(&control, text);
     }
 
     void choose(const char *list, const QString &entry)
@@ -79,6 +59,9 @@ public:
 
     SharedState state;
     std::unique_ptr<frmCalculator> dialog;
+
+private:
+    [[nodiscard]] QWidget &driven() const override { return *dialog; }
 };
 
 } // namespace
