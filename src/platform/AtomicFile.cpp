@@ -55,9 +55,9 @@ QByteArray readFile(const QString &path, qint64 limit)
         throw RuntimeError(ErrorNumber::PathFileAccess, path);
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError(ErrorNumber::PermissionDenied, path);
-    QByteArray bytes = file.read(limit + 1);
-    if (bytes.size() > limit)
+    if (file.size() > limit)
         throw RuntimeError(ErrorNumber::OutOfMemory, path);
+    QByteArray bytes = file.readAll(); // read() would make room for all of the limit
     if (file.error() != QFileDevice::NoError)
         throw RuntimeError(ErrorNumber::DeviceIo, path);
     return bytes;

@@ -98,6 +98,8 @@ tst_Process::Result tst_Process::run(const QString &todo) const
     environment.insert(u"HOME"_s, home_->path());
     environment.insert(u"XDG_CONFIG_HOME"_s, home_->filePath(u"config"_s));
     environment.insert(u"QT_QPA_PLATFORM"_s, platform_);
+    if (platform_ == u"wayland") // its plugins keep what they allocate until the end
+        environment.insert(u"ASAN_OPTIONS"_s, u"detect_leaks=0"_s);
     process.setProcessEnvironment(environment);
     process.start(QCoreApplication::applicationFilePath(), {u"--quillon"_s, todo});
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
@@ -145,7 +147,7 @@ void tst_Process::placeIsKeptWhereItIsUnknown()
     const Result result = run(u"close"_s);
     compositor.kill();
     QVERIFY(compositor.waitForFinished());
-    QCOMPARE(result.status, 0);
+    QVERIFY2(result.status == 0, qPrintable(result.output));
     QVERIFY2(result.output.endsWith(u" 400 300 1\n"), qPrintable(result.output));
     QFile file(settingsFile());
     QVERIFY(file.open(QIODevice::ReadOnly));
