@@ -47,7 +47,8 @@ std::optional<HelpBook> HelpBook::read(QByteArrayView bytes)
         return std::nullopt;
     const QJsonObject file = QJsonDocument::fromJson(*content).object();
     HelpBook book;
-    for (const QJsonValue &page : file[QStringLiteral("pages")].toArray())
+    const QJsonArray pages = file[QStringLiteral("pages")].toArray();
+    for (const auto &page : pages)
         book.pages_.push_back(readPage(page.toObject()));
     const QJsonObject pictures = file[QStringLiteral("pictures")].toObject();
     for (auto picture = pictures.begin(); picture != pictures.end(); ++picture)
