@@ -27,6 +27,14 @@ public:
     [[nodiscard]] bool isSearching() const { return findChild<frmFind *>() != nullptr; }
     [[nodiscard]] frmFind &dialog() const { return *findChild<frmFind *>(); }
 
+    /// Opens the dialog with its replace controls, in roman letters.
+    void openReplace(const QString &sought, const QString &replacement)
+    {
+        commands.showReplace();
+        type("txtRomanSearch", sought);
+        type("txtRomanReplace", replacement);
+    }
+
     ModeFolder folder;
     SharedState state;
     bool isTranscribing = false;

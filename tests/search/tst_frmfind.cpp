@@ -384,9 +384,7 @@ void tst_frmFind::replacesAndFindsOn()
 {
     FindWindow window;
     window.source.setText(u" ab ab ab"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"ab"_qs);
-    window.type("txtRomanReplace", u"c"_qs);
+    window.openReplace(u"ab"_qs, u"c"_qs);
     window.click("cmdFind");
     window.click("cmdReplace");
     QCOMPARE(window.source.Text(), u" c ab ab"_qs);

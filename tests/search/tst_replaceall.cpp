@@ -35,9 +35,7 @@ void tst_ReplaceAll::keepsFormats()
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
     cursor.mergeCharFormat(bold);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"ab"_qs);
-    window.type("txtRomanReplace", u"xyz"_qs);
+    window.openReplace(u"ab"_qs, u"xyz"_qs);
     const MessageBoxes boxes;
     window.click("cmdReplaceAll");
     QCOMPARE(window.source.Text(), u"xyz xyz xyz"_qs);
@@ -55,9 +53,7 @@ void tst_ReplaceAll::replacesTengwar()
     FindWindow window;
     window.target.setText(u"1 1q Q 1Q"_qs);
     window.state.ActivePane = PaneCode::Target;
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"ab"_qs);
-    window.type("txtRomanReplace", u"a"_qs);
+    window.openReplace(u"ab"_qs, u"a"_qs);
     window.click("optTengwarReplace");
     window.click("cmdReplaceAll");
     QCOMPARE(window.target.Text(), u"1 1 Q 1Q"_qs);
@@ -78,9 +74,7 @@ void tst_ReplaceAll::tenThousandReplacements()
         cursor.insertText(text.mid(position, RunLength), format);
     }
     cursor.endEditBlock();
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"bc"_qs);
+    window.openReplace(u"a"_qs, u"bc"_qs);
     QElapsedTimer clock;
     clock.start();
     window.click("cmdReplaceAll");
@@ -102,9 +96,7 @@ void tst_ReplaceAll::grownTextIsShownAtOnce()
     constexpr int Letters = 200'000; // one word
     FindWindow window;
     window.source.setText(QString(Letters, u'a'));
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"aa"_qs);
+    window.openReplace(u"a"_qs, u"aa"_qs);
     window.click("cmdReplaceAll");
     const auto &progress = window.get<QLabel>("lblProgress");
     QTRY_VERIFY(!progress.text().isEmpty());
@@ -132,9 +124,7 @@ void tst_ReplaceAll::endlessReplacementStaysAlive()
     QFETCH(int, way);
     FindWindow window;
     window.source.setText(u"a-b"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"A"_qs);
+    window.openReplace(u"a"_qs, u"A"_qs);
     int served = 0;
     QTimer heartbeat;
     heartbeat.callOnTimeout([&] { ++served; });
@@ -186,9 +176,7 @@ void tst_ReplaceAll::changedMeanwhile()
 {
     FindWindow window;
     window.source.setText(u"a-b"_qs);
-    window.commands.showReplace();
-    window.type("txtRomanSearch", u"a"_qs);
-    window.type("txtRomanReplace", u"a"_qs);
+    window.openReplace(u"a"_qs, u"a"_qs);
     window.click("cmdReplaceAll");
     // The user goes on typing, and takes away what would be replaced for ever.
     QTest::keyClick(&window.source, Qt::Key_Delete);
